@@ -1,0 +1,7 @@
+#include "session/session.h"
+
+Session &session()
+{
+    static Session values;
+    return values;
+}
