@@ -5,8 +5,7 @@
 
 /// One data set of a report, as the engine offers it to its caller at the start of a print. The caller sets
 /// `recordCount` and leaves the rest; the record passes by reference, so the connection must be a direct one.
-struct DataSetInfo
-{
+struct DataSetInfo {
     /// The data source name of the band.
     QString dataSetName;
     /// Index of the page definition, from 0.

@@ -4,8 +4,7 @@
 
 /// The values of the running session, one instance for the whole plug-in. The shell writes them from the host's
 /// options; every room may read them. GUI thread only.
-struct Session
-{
+struct Session {
     /// True closes the editing controls of the board, the catalogue and the suppliers, and the settings entry.
     bool readOnly = false;
     /// Name of the company for exports and order mails; empty when the host gave none.

@@ -9,8 +9,7 @@
 #include <QSqlQuery>
 #include <QtTest>
 
-class TestSqlFailure : public QObject
-{
+class TestSqlFailure : public QObject {
     Q_OBJECT
 
 private slots:
@@ -41,20 +40,22 @@ void TestSqlFailure::logIsOneCriticalLine()
 void TestSqlFailure::logWithCodeNamesTheServersCode()
 {
     LogCatcher log;
-    SqlFailure::logWithCode("FoodModel - setQuery",
-                            QSqlError(QStringLiteral("d"), QStringLiteral("t"), QSqlError::StatementError, QStringLiteral("1146")));
+    SqlFailure::logWithCode(
+        "FoodModel - setQuery",
+        QSqlError(QStringLiteral("d"), QStringLiteral("t"), QSqlError::StatementError, QStringLiteral("1146")));
     QCOMPARE(log.critical(), QStringList{QStringLiteral("FoodModel - setQuery ERROR: [1146]: t d")});
 }
 
 void TestSqlFailure::boxShowsItsTextAsTyped()
 {
     BoxAnswerer boxes;
-    boxes.expectBox(QStringLiteral("Chyba databázy"), QStringLiteral("<b>%1</b>"), QMessageBox::Ok, [](QMessageBox *box) {
-        QCOMPARE(box->icon(), QMessageBox::Critical);
-        QCOMPARE(box->textFormat(), Qt::PlainText);
-        QCOMPARE(box->standardButtons(), QMessageBox::Ok);
-        QVERIFY(!box->parent());
-    });
+    boxes.expectBox(QStringLiteral("Chyba databázy"), QStringLiteral("<b>%1</b>"), QMessageBox::Ok,
+                    [](QMessageBox *box) {
+                        QCOMPARE(box->icon(), QMessageBox::Critical);
+                        QCOMPARE(box->textFormat(), Qt::PlainText);
+                        QCOMPARE(box->standardButtons(), QMessageBox::Ok);
+                        QVERIFY(!box->parent());
+                    });
     SqlFailure::show(QStringLiteral("Chyba databázy"), QStringLiteral("<b>%1</b>"));
     BOXES_DONE(boxes);
     QCOMPARE(boxes.answered(), 1);
@@ -64,14 +65,15 @@ void TestSqlFailure::nullIsEmptyTextForEveryType()
 {
     const TestDatabase database;
     QSqlQuery query(database.db());
-    QVERIFY(query.exec(QStringLiteral(
-        "SELECT CAST(NULL AS INT), CAST(NULL AS DOUBLE), CAST(NULL AS CHAR), CAST(NULL AS DATE), 0, 2.5, 'x', SUM(3)")));
+    QVERIFY(query.exec(QStringLiteral("SELECT CAST(NULL AS INT), CAST(NULL AS DOUBLE), CAST(NULL AS CHAR), CAST(NULL "
+                                      "AS DATE), 0, 2.5, 'x', SUM(3)")));
     QVERIFY(query.next());
     QStringList texts;
     for (int column = 0; column < 8; ++column)
         texts.append(sqlText(query.value(column)));
-    QCOMPARE(texts, (QStringList{QString(), QString(), QString(), QString(), QStringLiteral("0"), QStringLiteral("2.5"),
-                                 QStringLiteral("x"), QStringLiteral("3")}));
+    QCOMPARE(texts,
+             (QStringList{QString(), QString(), QString(), QString(), QStringLiteral("0"), QStringLiteral("2.5"),
+                          QStringLiteral("x"), QStringLiteral("3")}));
 }
 
 void TestSqlFailure::lostConnectionIsAnOrdinaryError()

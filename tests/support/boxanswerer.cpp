@@ -34,7 +34,8 @@ void BoxAnswerer::expectDialog(const QString &className, std::function<void(QDia
 QString BoxAnswerer::takeFailures()
 {
     for (const Expectation &expected : qAsConst(m_expected))
-        m_failures.append(QStringLiteral("did not come: %1 '%2' '%3'").arg(expected.className, expected.title, expected.text));
+        m_failures.append(
+            QStringLiteral("did not come: %1 '%2' '%3'").arg(expected.className, expected.title, expected.text));
     m_expected.clear();
     const QString failures = m_failures.join(QLatin1Char('\n'));
     m_failures.clear();

@@ -17,8 +17,7 @@ class QDialog;
 ///     boxes.expectBox("Chyba databázy", "Nepodarilo sa načítať jedlo!");
 ///     repository.loadFood(1);
 ///     BOXES_DONE(boxes);
-class BoxAnswerer : public QObject
-{
+class BoxAnswerer : public QObject {
     Q_OBJECT
 
 public:
@@ -38,8 +37,7 @@ public:
     int answered() const { return m_answered; }
 
 private:
-    struct Expectation
-    {
+    struct Expectation {
         QString className;
         QString title;
         QString text;

@@ -5,8 +5,7 @@
 
 namespace {
 
-struct Catch
-{
+struct Catch {
     QVector<QPair<QtMsgType, QString>> lines;
     QtMessageHandler previous = nullptr;
 };

@@ -5,8 +5,7 @@
 #include <QtGlobal>
 
 /// Records every log line while it lives, and passes it on to the handler that stood before. One at a time.
-class LogCatcher
-{
+class LogCatcher {
 public:
     LogCatcher();
     ~LogCatcher();
