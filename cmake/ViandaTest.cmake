@@ -25,6 +25,6 @@ function(vianda_test_environment test home)
   set(home ${CMAKE_BINARY_DIR}/test-homes/${home})
   file(MAKE_DIRECTORY ${home})
   set_tests_properties(${test} PROPERTIES
-    TIMEOUT 300
+    TIMEOUT 120
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LANGUAGE=;TZ=Europe/Bratislava;HOME=${home};XDG_CONFIG_HOME=${home};XDG_DATA_HOME=${home};VIANDA_TEST_SERVER=${VIANDA_TEST_SERVER};LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1;ASAN_OPTIONS=detect_leaks=1")
 endfunction()

@@ -83,6 +83,9 @@ CREATE TABLE via_suppliers (
   PRIMARY KEY (supplierID)
 ) ENGINE = InnoDB DEFAULT CHARACTER SET utf8mb4 COLLATE utf8mb4_slovak_ci;
 
+-- Names and shortcuts are TEXT: whatever a user types is stored whole. The statement behind the menu editor groups a
+-- derived table by food and lives on the server's keeping the first row of each; the server does so for every realistic
+-- catalogue. docs/database.md tells where that ends (60 and more items in one slot with names of thousands of characters).
 CREATE TABLE via_foods (
   foodID      INT UNSIGNED NOT NULL AUTO_INCREMENT,
   typeID      INT UNSIGNED NOT NULL,
@@ -139,7 +142,7 @@ CREATE TABLE via_orderables (
   -- Covers the week statement, whose date test cannot seek: it reads this index of one branch and no row.
   KEY week (bid, date, segmentID, foodID, position, locked, price, `limit`),
   KEY day (date, segmentID),
-  KEY food_day (foodID, date, segmentID),
+  KEY foodID (foodID),
   KEY segmentID (segmentID),
   CONSTRAINT via_orderables_food FOREIGN KEY (foodID) REFERENCES via_foods (foodID) ON DELETE RESTRICT,
   CONSTRAINT via_orderables_segment FOREIGN KEY (segmentID) REFERENCES via_segments (segmentID) ON DELETE RESTRICT

@@ -85,7 +85,12 @@ template<typename Widget> Widget *child(const QWidget *parent, const char *name)
 
 void click(const QWidget *parent, const char *name)
 {
-    QTest::mouseClick(child<QAbstractButton>(parent, name), Qt::LeftButton);
+    // A button that has just come to light gets its place from the layout first.
+    QCoreApplication::processEvents();
+    auto *button = child<QAbstractButton>(parent, name);
+    if (!button->isVisible() || !button->isEnabled())
+        qFatal("%s is hidden or disabled", name);
+    QTest::mouseClick(button, Qt::LeftButton);
 }
 
 /// The card of a service slot (its row on the board) on a day of the shown week.
@@ -181,6 +186,9 @@ void TestPlugin::init()
                        "polievka', 1.2), "
                        "(2, 2, 1, 'Bryndzové halušky', 5.5), (3, 2, 1, 'Vyprážaný syr', 4.9)"),
         QStringLiteral("INSERT INTO vars VALUES ('via_orderLimitEnabled', 'true')"),
+        // The list of weeks begins with the first menu: without one it would lack the present week from Friday on.
+        QStringLiteral("INSERT INTO via_orderables (foodID, segmentID, date, locked) VALUES (3, 1, CURDATE() - "
+                       "INTERVAL 14 DAY, 1)"),
     };
     for (const QString &row : rows)
         m_database->exec(row);
@@ -199,7 +207,7 @@ void TestPlugin::recordIsWhatTheHostReads()
     QCOMPARE(record.value(QStringLiteral("IID")).toString(), QStringLiteral("com.norvik-it.ViandaInterface"));
     QCOMPARE(record.value(QStringLiteral("className")).toString(), QStringLiteral("Viandasystem"));
     QCOMPARE(record.value(QStringLiteral("debug")), QJsonValue(false));
-    QVERIFY(record.value(QStringLiteral("MetaData")).isObject());
+    // Qt 5.15 leaves an empty object out of the record; every reader gets an empty object either way.
     QVERIFY(record.value(QStringLiteral("MetaData")).toObject().isEmpty());
     // Qt stores the major and minor number and leaves the patch level at 0.
     QCOMPARE(record.value(QStringLiteral("version")).toInt() & 0xffff00, QT_VERSION & 0xffff00);
@@ -241,7 +249,7 @@ void TestPlugin::composeMenu(const QWidget *board, const QDate &day)
 {
     m_boxes->expectDialog(QStringLiteral("DialogMenu"), [](QDialog *editor) {
         addFood(editor, QStringLiteral("polievka"));
-        addFood(editor, QStringLiteral("halušky"));
+        addFood(editor, QStringLiteral("bryndz halu"));
         auto *menu = child<QAbstractItemView>(editor, "tableViewMenu");
         const int limitColumn = menu->model()->columnCount() - 1;
         typeInto(menu, rowOf(menu, QStringLiteral("KU Bryndzové halušky")), limitColumn, QStringLiteral("3"));
@@ -290,9 +298,9 @@ void TestPlugin::orderWithLimit(const QWidget *board, const QDate &day)
 void TestPlugin::plansPublishesAndOrders()
 {
     const QDate today = QDate::currentDate();
-    const QString items =
-        QStringLiteral("SELECT f.name, o.date, o.segmentID, o.bid, o.position, o.price, o.`limit`, o.locked "
-                       "FROM via_orderables o JOIN via_foods f USING (foodID) ORDER BY o.date, o.position");
+    const QString items = QStringLiteral(
+        "SELECT f.name, o.date, o.segmentID, o.bid, o.position, o.price, o.`limit`, o.locked "
+        "FROM via_orderables o JOIN via_foods f USING (foodID) WHERE o.date >= CURDATE() ORDER BY o.date, o.position");
     const QString date = today.toString(Qt::ISODate);
     const QString next = today.addDays(1).toString(Qt::ISODate);
     {
@@ -375,7 +383,7 @@ void TestPlugin::lostConnectionTellsTheUser()
     BOXES_DONE(*m_boxes);
     QVERIFY(log.critical().value(0).startsWith(QLatin1String("OrderableRepository(updating lock) - SQL ERROR: ")));
     QVERIFY(log.critical().value(1).startsWith(QLatin1String("FoodRepository(loadMenuWidgetMenu) - SQL ERROR: ")));
-    QCOMPARE(m_database->value(QStringLiteral("SELECT locked FROM via_orderables")).toInt(), 0);
+    QCOMPARE(m_database->value(QStringLiteral("SELECT locked FROM via_orderables WHERE date = CURDATE()")).toInt(), 0);
 }
 
 QTEST_MAIN(TestPlugin)

@@ -5,14 +5,18 @@
 #include "support/logcatcher.h"
 #include "support/testdatabase.h"
 
+#include <QAbstractButton>
 #include <QAction>
+#include <QComboBox>
 #include <QMenu>
 #include <QMetaMethod>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QtTest>
 
 #include <memory>
+#include <vector>
 
 namespace {
 

@@ -4,11 +4,11 @@
 #include <QApplication>
 #include <QDialog>
 #include <QPointer>
+#include <QTimer>
 
 BoxAnswerer::BoxAnswerer()
 {
-    connect(&m_timer, &QTimer::timeout, this, &BoxAnswerer::look);
-    m_timer.start(1);
+    lookSoon();
 }
 
 void BoxAnswerer::expectBox(const QString &title, const QString &text, QMessageBox::StandardButton button,
@@ -42,8 +42,15 @@ QString BoxAnswerer::takeFailures()
     return failures;
 }
 
+// One timer for each look: a repeating one is silent while its slot waits for the next box of the dialog it works on.
+void BoxAnswerer::lookSoon()
+{
+    QTimer::singleShot(1, this, &BoxAnswerer::look);
+}
+
 void BoxAnswerer::look()
 {
+    lookSoon();
     auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
     if (!dialog || m_inProgress.contains(dialog))
         return;

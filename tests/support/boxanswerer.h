@@ -3,7 +3,6 @@
 #include <QMessageBox>
 #include <QObject>
 #include <QStringList>
-#include <QTimer>
 
 #include <functional>
 
@@ -46,11 +45,11 @@ private:
         std::function<void(QDialog *)> act;
     };
 
+    void lookSoon();
     void look();
     void answer(QDialog *dialog);
     void answerBox(QMessageBox *box, const Expectation &expected);
 
-    QTimer m_timer;
     QList<Expectation> m_expected;
     QStringList m_failures;
     QList<QDialog *> m_inProgress;

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+
+/// The least that a statement can cost: it is sent through the MariaDB C client and its rows are fetched one by one
+/// into nothing, without Qt.
+class Floor {
+public:
+    /// Connects as the module's account, in a session without ONLY_FULL_GROUP_BY; ends the program when that fails.
+    Floor(const QString &socket, const QString &database);
+    ~Floor();
+    Q_DISABLE_COPY(Floor)
+
+    /// Runs the statement `runs` times and gives the median in milliseconds; ends the program when it fails. Statements
+    /// that write run in a transaction that is rolled back.
+    double median(const QByteArray &statement, int runs = 15);
+    /// Rows of the statement that ran last.
+    int rows() const { return m_rows; }
+
+private:
+    struct Connection;
+
+    void run(const QByteArray &statement);
+
+    std::unique_ptr<Connection> m_connection;
+    int m_rows = 0;
+};

@@ -1,0 +1,78 @@
+#include "support/largefirm.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QSqlError>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+void dropLogLine(QtMsgType type, const QMessageLogContext &, const QString &line)
+{
+    if (type != QtFatalMsg)
+        return;
+    std::fputs(line.toUtf8().constData(), stderr);
+    std::fputc('\n', stderr);
+    std::exit(1);
+}
+
+void open(const QString &connection, const QString &user, const QString &socket, const QString &database)
+{
+    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QMYSQL"), connection);
+    db.setConnectOptions(QStringLiteral("UNIX_SOCKET=") + socket);
+    db.setUserName(user);
+    db.setDatabaseName(database);
+    if (!db.open())
+        qFatal("no connection to %s: %s", qPrintable(database), qPrintable(db.lastError().text()));
+}
+
+} // namespace
+
+LargeFirm::LargeFirm()
+{
+    qInstallMessageHandler(dropLogLine);
+    QCommandLineParser arguments;
+    arguments.addOptions(
+        {{QStringLiteral("socket"), QStringLiteral("Socket of the server."), QStringLiteral("path")},
+         {QStringLiteral("database"), QStringLiteral("Name of the database."), QStringLiteral("name")}});
+    if (!arguments.parse(QCoreApplication::arguments()) || !arguments.isSet(QStringLiteral("socket"))
+        || !arguments.isSet(QStringLiteral("database")))
+        qFatal("usage: %s --socket PATH --database NAME", qPrintable(QCoreApplication::applicationName()));
+    m_socket = arguments.value(QStringLiteral("socket"));
+    m_database = arguments.value(QStringLiteral("database"));
+
+    open(QLatin1String(QSqlDatabase::defaultConnection), QStringLiteral("vianda"), m_socket, m_database);
+    open(QStringLiteral("admin"), QStringLiteral("root"), m_socket, m_database);
+    execute(db(), QStringLiteral("SET SESSION sql_mode = REPLACE(@@sql_mode, 'ONLY_FULL_GROUP_BY', '')"));
+    m_branchName = firstValue(db(), QStringLiteral("SELECT name FROM branches WHERE bid=%1").arg(branch())).toString();
+    m_person = firstValue(db(),
+                          QStringLiteral("SELECT uid FROM people JOIN brape USING (uid) WHERE bid=%1 AND status > 0"
+                                         " AND `end` IS NULL ORDER BY uid LIMIT 1")
+                              .arg(branch()))
+                   .toInt();
+    m_item = firstValue(db(),
+                        QStringLiteral("SELECT orderableID FROM via_orderables WHERE bid=%1 AND segmentID=%2"
+                                       " AND date='%3' ORDER BY position LIMIT 1")
+                            .arg(branch())
+                            .arg(segment())
+                            .arg(lockedDay().toString(Qt::ISODate)))
+                 .toUInt();
+}
+
+QSqlQuery execute(const QSqlDatabase &db, const QString &statement)
+{
+    QSqlQuery query(db);
+    if (!query.exec(statement))
+        qFatal("%s\n%s", qPrintable(statement), qPrintable(query.lastError().text()));
+    return query;
+}
+
+QVariant firstValue(const QSqlDatabase &db, const QString &statement)
+{
+    QSqlQuery query = execute(db, statement);
+    if (!query.next())
+        qFatal("%s\ngave no row: this is no database of benchmarks/largefirm.sh", qPrintable(statement));
+    return query.value(0);
+}

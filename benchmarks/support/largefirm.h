@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QDate>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QString>
+#include <QVariant>
+
+/// A database of benchmarks/largefirm.sh, as the command line names it, and what of it the benchmarks look at.
+class LargeFirm {
+public:
+    /// Takes "--socket PATH --database NAME" from the arguments of the application, which must exist, and opens the
+    /// module's connection as the default connection, as a host would. Ends the program with a plain message when that
+    /// fails. Log lines of the module are dropped from here on.
+    LargeFirm();
+
+    QString socket() const { return m_socket; }
+    QString database() const { return m_database; }
+    /// The module's connection.
+    QSqlDatabase db() const { return QSqlDatabase::database(); }
+    /// A connection of the server's administrator.
+    QSqlDatabase admin() const { return QSqlDatabase::database(QStringLiteral("admin")); }
+
+    /// A branch with a menu of its own, and its name.
+    unsigned branch() const { return 3; }
+    QString branchName() const { return m_branchName; }
+    /// A person of that branch who works without end.
+    int person() const { return m_person; }
+    /// The slot and the day that the dialogs open: locked for orders, and open for editing.
+    unsigned segment() const { return 2; }
+    QDate lockedDay() const { return QDate::currentDate(); }
+    QDate openDay() const { return QDate::currentDate().addDays(14); }
+    /// A menu item of that branch with orders.
+    unsigned item() const { return m_item; }
+
+private:
+    QString m_socket;
+    QString m_database;
+    QString m_branchName;
+    int m_person = 0;
+    unsigned m_item = 0;
+};
+
+/// Runs a statement; ends the program with its text and the error when it fails.
+QSqlQuery execute(const QSqlDatabase &db, const QString &statement);
+/// The first column of the first row; ends the program when there is none.
+QVariant firstValue(const QSqlDatabase &db, const QString &statement);

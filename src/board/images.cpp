@@ -1,0 +1,8 @@
+#include "board/images.h"
+
+#include <QPixmap>
+
+QIcon imageIcon(const char *path)
+{
+    return QIcon(QPixmap(QLatin1String(":/images/") + QLatin1String(path)));
+}

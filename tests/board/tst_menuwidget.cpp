@@ -1,0 +1,604 @@
+#include "board/boarddata.h"
+#include "board/boardpage.h"
+#include "board/metamethods.h"
+#include "support/boxanswerer.h"
+#include "support/logcatcher.h"
+
+#include <QAction>
+#include <QGridLayout>
+#include <QMenu>
+#include <QMetaEnum>
+#include <QScrollArea>
+#include <QSignalSpy>
+#include <QtTest>
+
+/// The board as it stands after it was opened.
+class TestMenuWidget : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanup();
+
+    void metaObject();
+    void guiStates();
+    void widgetsOfTheForm_data();
+    void widgetsOfTheForm();
+    void restOfTheForm();
+    void nothingIsReadBeforeInitData();
+    void logOfTheStart();
+    void startEmitsNoFilter();
+    void presentWeekIsShown();
+    void weekListReachesFromTheNewestToTheFirstMenu();
+    void weekListWithoutMenus();
+    void numberOfWeeksComesFromTheSettings_data();
+    void numberOfWeeksComesFromTheSettings();
+    void cardsStandInRowsOfSlots();
+    void gridKeepsToTheTop_data();
+    void gridKeepsToTheTop();
+    void rowsOfCardsAreEquallyHigh();
+    void shownDaysComeFromTheSettings_data();
+    void shownDaysComeFromTheSettings();
+    void orderLimitColumn_data();
+    void orderLimitColumn();
+    void branchSelector_data();
+    void branchSelector();
+    void menuModeControls();
+    void printTargets();
+    void namesAreShownAsTyped_data();
+    void namesAreShownAsTyped();
+    void reserveCompanyName_data();
+    void reserveCompanyName();
+    void reserveCompanyNameWithoutARow();
+    void printoutWithoutAModel();
+    void disposalIsLogged();
+    void openingOftenLeavesNothingBehind();
+
+private:
+    TestDatabase m_database;
+    BoardData m_data{m_database};
+};
+
+void TestMenuWidget::initTestCase()
+{
+    QLocale::setDefault(QLocale(QLocale::Slovak, QLocale::Slovakia));
+}
+
+void TestMenuWidget::cleanup()
+{
+    m_database.clear();
+}
+
+void TestMenuWidget::metaObject()
+{
+    QCOMPARE(metaMethods(MenuWidget::staticMetaObject),
+             (QStringList{"signal void filter(QString,QVariantMap)",
+                          "signal void checkCurrentTextSignal()",
+                          "slot void on_comboBox_currentIndexChanged(int)",
+                          "slot void on_toolButtonR_clicked()",
+                          "slot void on_toolButtonL_clicked()",
+                          "slot void on_radioButton_toggled(bool)",
+                          "slot void on_comboBoxPeople_currentIndexChanged(int)",
+                          "slot void setDayWidgetHeight()",
+                          "slot void on_toolButton_clicked()",
+                          "slot void on_toolButtonMonthly_clicked()",
+                          "slot void setDSInfo(DataSetInfo&)",
+                          "slot void setValue(int,QString,QVariant&,int)",
+                          "slot void on_comboBoxBranches_currentIndexChanged(int)",
+                          "slot void hidewidgets()",
+                          "slot void on_toolButtonWeekly_clicked()",
+                          "slot void resetModel()",
+                          "slot void filterChanged()",
+                          "slot void on_toolButtonExport_clicked()",
+                          "slot void monthlyExportToXLS()",
+                          "slot void monthlyExportOrderDelivToXLS(int)",
+                          "slot QString getReserveCompanyName()",
+                          "slot QDate recreateDateFromComboBoxWeek()",
+                          "slot void refreshPeopleWeekChange()",
+                          "slot void disableWidgetsForEmployeeOutsideWorkingHours()"}));
+}
+
+void TestMenuWidget::guiStates()
+{
+    const auto states = QMetaEnum::fromType<MenuWidget::GuiState>();
+    QCOMPARE(states.keyCount(), 2);
+    QCOMPARE(states.keyToValue("GS_MENU"), 0);
+    QCOMPARE(states.keyToValue("GS_ORDERS"), 1);
+}
+
+void TestMenuWidget::widgetsOfTheForm_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("toolTip");
+    QTest::addColumn<QString>("image");
+    QTest::addColumn<QSize>("iconSize");
+    QTest::addColumn<QSize>("minimumSize");
+    const auto add = [](const char *name, const char *text, const char *toolTip, const char *image, QSize iconSize = {},
+                        QSize minimumSize = {}) {
+        QTest::newRow(name) << QString(name) << QString::fromUtf8(text) << QString::fromUtf8(toolTip) << QString(image)
+                            << iconSize << minimumSize;
+    };
+    add("butMenuSwitch", "tvorba menu", "Tvorba a úprava menu", ":/images/sidebar/menu3.png", {32, 32}, {110, 0});
+    add("butOrdersSwitch", "objednávky", "Objednávky zamestnanca", ":/images/sidebar/orders3.png", {32, 32}, {110, 0});
+    add("label_11", "", "Stredisko", "");
+    add("comboBoxBranches", "", "", "", {}, {0, 25});
+    add("personIconLabel", "", "Zamestnanec", "");
+    add("comboBoxPeople", "",
+        "<html><head/><body><p>Nezobrazujú sa zamestnanci, <br/>ktorí sú vo vybranom týždni<br/>úplne mimo prac. "
+        "pomeru. <br/><br/>Pre umožnenie výberu takého <br/>zamestnanca, prepnite najprv<br/>správny "
+        "týždeň.</p></body></html>",
+        "", {}, {250, 25});
+    add("toolButton", "...", "Filter výberu zamestnanca", ":/images/filter.png");
+    for (const char *line : {"linePeople", "line", "line_2", "line_3"})
+        add(line, "", "", "", {}, {10, 0});
+    add("toolButtonWeekly", "Týždenné menu", "", ":/images/printer.png", {28, 16});
+    add("toolButtonMonthly", "Mesačný výpis", "Mesačný prehľad objednávok", "", {}, {250, 25});
+    add("toolButtonExport", "Kontrolný export", "", ":/images/file_export.png");
+    add("toolButtonL", "<", "", ":/images/back.png");
+    add("toolButtonR", ">", "", ":/images/forward.png");
+}
+
+void TestMenuWidget::widgetsOfTheForm()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, text);
+    QFETCH(QString, image);
+    QFETCH(QSize, iconSize);
+    QFETCH(QSize, minimumSize);
+    const BoardPage page{QSqlDatabase()};
+    const auto *widget = page.findChild<QWidget *>(name);
+    QVERIFY(widget);
+    QCOMPARE(widget->property("text").toString(), text);
+    if (!widget->toolTip().isEmpty() || !name.startsWith(QLatin1String("toolButton")))
+        QTEST(widget->toolTip(), "toolTip");
+    if (iconSize.isValid())
+        QCOMPARE(widget->property("iconSize").toSize(), iconSize);
+    if (minimumSize.isValid())
+        QCOMPARE(widget->minimumSize(), minimumSize);
+    if (!image.isEmpty()) {
+        const QImage shown = widget->property("icon").value<QIcon>().pixmap(16, 16).toImage();
+        QVERIFY(!shown.isNull());
+        QCOMPARE(shown, QIcon(image).pixmap(16, 16).toImage());
+    }
+}
+
+void TestMenuWidget::restOfTheForm()
+{
+    const BoardPage page{QSqlDatabase()};
+    QCOMPARE(page.size(), QSize(1650, 984));
+    for (const char *name : {"butMenuSwitch", "butOrdersSwitch"}) {
+        QVERIFY(page.button(name)->isCheckable());
+        QVERIFY(page.button(name)->autoExclusive());
+        QCOMPARE(page.button(name)->toolButtonStyle(), Qt::ToolButtonTextUnderIcon);
+    }
+    QVERIFY(page.button("butMenuSwitch")->isChecked());
+    QCOMPARE(page.button("toolButtonWeekly")->toolButtonStyle(), Qt::ToolButtonTextBesideIcon);
+    QCOMPARE(page.button("toolButtonMonthly")->popupMode(), QToolButton::MenuButtonPopup);
+    for (const char *name : {"label_11", "personIconLabel"})
+        QVERIFY(page.find<QLabel>(name)->pixmap(Qt::ReturnByValue).width() > 0);
+    const auto *top = page.button("butMenuSwitch")->parentWidget();
+    QCOMPARE(top->property("hidestripe"), QVariant(true));
+    QCOMPARE(top->property("whitePanel"), QVariant(true));
+    const auto *area = page.find<QScrollArea>("scrollArea");
+    QCOMPARE(area->widget(), page.find<QWidget>("widgetCenter"));
+    QCOMPARE(area->widget()->property("whitePanel"), QVariant(true));
+    QVERIFY(page.layout()->indexOf(page.find<QWidget>("scrollArea")) > 0);
+    for (const char *name : {"toolButton", "toolButtonL", "toolButtonR"})
+        QVERIFY(!page.button(name)->accessibleName().isEmpty());
+    for (const QComboBox *combo : {page.weeks(), page.people(), page.branches()})
+        QVERIFY(!combo->accessibleName().isEmpty());
+}
+
+void TestMenuWidget::nothingIsReadBeforeInitData()
+{
+    m_data.segment(QStringLiteral("Obed"), 1);
+    m_data.person(1, QStringLiteral("Adamec"), QStringLiteral("Ján"));
+    LogCatcher log;
+    const BoardPage page(m_database.db());
+    QCOMPARE(log.lines().filter(QStringLiteral("Repository")), QStringList());
+    QCOMPARE(log.lines().filter(QStringLiteral("Model")), QStringList());
+    QCOMPARE(page.weeks()->count() + page.people()->count() + page.branches()->count(), 0);
+    QVERIFY(page.cards().isEmpty());
+}
+
+void TestMenuWidget::logOfTheStart()
+{
+    LogCatcher log;
+    BoardPage page(m_database.db());
+    log.clear();
+    page.initData();
+    const QStringList own = log.lines().filter(QStringLiteral("MenuWidget::"));
+    QCOMPARE(own,
+             (QStringList{"MenuWidget::initData() ::: curGuiState v initData():  MenuWidget::GS_MENU",
+                          "MenuWidget::initData() ::: done loading",
+                          "MenuWidget::on_radioButton_toggled() ::: rezim menu aktivny: true",
+                          "MenuWidget::filterChanged()"}));
+}
+
+void TestMenuWidget::startEmitsNoFilter()
+{
+    m_data.person(1, QStringLiteral("Adamec"), QStringLiteral("Ján"));
+    m_data.branch(QStringLiteral("Výroba"));
+    BoardPage page(m_database.db());
+    const QSignalSpy filter(&page, &MenuWidget::filter);
+    QVERIFY(filter.isValid());
+    page.initData();
+    QCOMPARE(filter.count(), 0);
+    page.filterChanged();
+    QCOMPARE(filter.count(), 1);
+}
+
+void TestMenuWidget::presentWeekIsShown()
+{
+    const uint obed = m_data.segment(QStringLiteral("Obed"), 1);
+    const uint type = m_data.type(QStringLiteral("Polievky"), 1);
+    const uint soup = m_data.food(QStringLiteral("Gulášová"), type, m_data.supplier(QStringLiteral("GA")));
+    const QDate today = QDate::currentDate();
+    const QDate monday = WeekList::thursdayOf(today).addDays(-3);
+    m_data.order(m_data.item(soup, obed, monday, 1), 5, 3);
+    m_data.item(soup, obed, monday.addDays(6), 1);
+    m_data.item(soup, obed, monday.addDays(7), 1);
+    BoardPage page(m_database.db());
+    page.initData();
+    QCOMPARE(page.weeks()->currentIndex(), 4);
+    QCOMPARE(page.weeks()->currentText(), WeekList::text(WeekList::thursdayOf(today)));
+    QCOMPARE(page.dates(), weekDates(today));
+    QCOMPARE(BoardPage::rowsOf(page.card(0)), (QStringList{"Polievky| ", "GA Gulášová|3"}));
+    QCOMPARE(BoardPage::rowsOf(page.card(6)), (QStringList{"Polievky| ", "GA Gulášová|"}));
+    QCOMPARE(BoardPage::rowsOf(page.card(1)), QStringList());
+    QCOMPARE(page.card(0)->findChild<QLabel *>("labelday")->text(), QStringLiteral("pondelok "));
+    QCOMPARE(page.card(6)->findChild<QLabel *>("labelday")->text(), QStringLiteral("nedeľa "));
+}
+
+void TestMenuWidget::weekListReachesFromTheNewestToTheFirstMenu()
+{
+    const QDate today = QDate::currentDate();
+    const QDate first = today.addDays(-20 * 7);
+    const uint food = m_data.food(QStringLiteral("x"), m_data.type(QStringLiteral("t"), 1), m_data.supplier("s"));
+    m_data.item(food, m_data.segment(QStringLiteral("Obed"), 1), first);
+    BoardPage page(m_database.db());
+    page.initData();
+    QCOMPARE(page.weeks()->count(), 25);
+    for (int row = 0; row < page.weeks()->count(); ++row)
+        QCOMPARE(page.weeks()->itemText(row), WeekList::text(WeekList::thursdayOf(today).addDays((4 - row) * 7)));
+    QCOMPARE(page.weeks()->itemText(24), WeekList::text(WeekList::thursdayOf(first)));
+}
+
+void TestMenuWidget::weekListWithoutMenus()
+{
+    m_data.segment(QStringLiteral("Obed"), 1);
+    BoardPage page(m_database.db());
+    page.initData();
+    const QDate today = QDate::currentDate();
+    const bool presentWeekIsThere = today.dayOfWeek() <= Qt::Thursday;
+    QCOMPARE(page.weeks()->count(), presentWeekIsThere ? 5 : 4);
+    QCOMPARE(page.weeks()->currentIndex(), presentWeekIsThere ? 4 : -1);
+    QCOMPARE(page.weeks()->currentText().isEmpty(), !presentWeekIsThere);
+    QCOMPARE(page.recreateDateFromComboBoxWeek().isValid(), presentWeekIsThere);
+    QCOMPARE(page.dates(), weekDates(today));
+}
+
+void TestMenuWidget::numberOfWeeksComesFromTheSettings_data()
+{
+    QTest::addColumn<QString>("setting");
+    QTest::addColumn<int>("present");
+    QTest::newRow("two") << "2" << 2;
+    QTest::newRow("none ahead") << "0" << 0;
+    QTest::newRow("no number") << "x" << 0;
+    QTest::newRow("damaged") << "2147483647" << 5200;
+}
+
+void TestMenuWidget::numberOfWeeksComesFromTheSettings()
+{
+    QFETCH(QString, setting);
+    QFETCH(int, present);
+    const QDate today = QDate::currentDate();
+    const uint food = m_data.food(QStringLiteral("x"), m_data.type(QStringLiteral("t"), 1), m_data.supplier("s"));
+    m_data.item(food, m_data.segment(QStringLiteral("Obed"), 1), today);
+    m_data.setting(QStringLiteral("via_shownWeeks"), setting);
+    BoardPage page(m_database.db());
+    page.initData();
+    QCOMPARE(page.weeks()->count(), present + 1);
+    QCOMPARE(page.weeks()->currentIndex(), present);
+    QCOMPARE(page.weeks()->currentText(), WeekList::text(WeekList::thursdayOf(today)));
+}
+
+void TestMenuWidget::cardsStandInRowsOfSlots()
+{
+    m_data.segment(QStringLiteral("Večera"), 3);
+    m_data.segment(QStringLiteral("Raňajky"), 1);
+    m_data.segment(QStringLiteral("Obed"), 2);
+    BoardPage page(m_database.db());
+    page.initData();
+    QCOMPARE(page.cards().size(), 21);
+    const auto *grid = qobject_cast<QGridLayout *>(page.find<QWidget>("widgetCenter")->layout());
+    QVERIFY(grid);
+    const QStringList slotNames{" Raňajky", " Obed", " Večera"};
+    for (int place = 0; place < 21; ++place) {
+        const int row = place / 7;
+        const DayMenuWidget *card = page.card(place % 7, row);
+        QCOMPARE(grid->itemAtPosition(row, place % 7)->widget(), card);
+        QVERIFY(grid->itemAtPosition(row, place % 7)->alignment() & Qt::AlignTop);
+        QCOMPARE(card->findChild<QLabel *>("labelSegment")->text(), slotNames.at(row));
+        QCOMPARE(card->findChild<QWidget *>("TitleWidget")->isHidden(), row > 0);
+        QCOMPARE(BoardPage::dateOf(card), BoardPage::dateOf(page.card(place % 7)));
+    }
+}
+
+void TestMenuWidget::gridKeepsToTheTop_data()
+{
+    QTest::addColumn<int>("slotCount");
+    QTest::addColumn<int>("stretchedRow");
+    QTest::newRow("none") << 0 << 0;
+    QTest::newRow("one") << 1 << 0;
+    QTest::newRow("three") << 3 << 2;
+}
+
+void TestMenuWidget::gridKeepsToTheTop()
+{
+    QFETCH(int, slotCount);
+    QFETCH(int, stretchedRow);
+    for (int position = 1; position <= slotCount; ++position)
+        m_data.segment(QStringLiteral("Obed"), position);
+    BoardPage page(m_database.db());
+    page.initData();
+    const auto *grid = qobject_cast<QGridLayout *>(page.find<QWidget>("widgetCenter")->layout());
+    QCOMPARE(grid->spacing(), 4);
+    QCOMPARE(grid->contentsMargins(), QMargins(4, 4, 4, 4));
+    for (int row = 0; row < grid->rowCount(); ++row)
+        QCOMPARE(grid->rowStretch(row), row == stretchedRow ? 1 : 0);
+}
+
+void TestMenuWidget::rowsOfCardsAreEquallyHigh()
+{
+    const uint obed = m_data.segment(QStringLiteral("Obed"), 1);
+    m_data.segment(QStringLiteral("Večera"), 2);
+    const uint type = m_data.type(QStringLiteral("t"), 1);
+    const uint supplier = m_data.supplier(QStringLiteral("s"));
+    const QDate today = QDate::currentDate();
+    for (int food = 0; food < 6; ++food)
+        m_data.item(m_data.food(QStringLiteral("x"), type, supplier), obed, today);
+    BoardPage page(m_database.db());
+    page.initData();
+    const DayMenuWidget *full = page.card(today.dayOfWeek() - 1);
+    const DayMenuWidget *empty = page.card(today.dayOfWeek() % 7);
+    QVERIFY(full->preferredHeight() > empty->preferredHeight());
+    for (int column = 0; column < 7; ++column) {
+        QCOMPARE(page.card(column)->minimumHeight(), full->preferredHeight());
+        QCOMPARE(page.card(column)->maximumHeight(), full->preferredHeight());
+        QCOMPARE(page.card(column, 1)->minimumHeight(), page.card(0, 1)->preferredHeight());
+    }
+    QCOMPARE(page.card(0)->minimumHeight() - page.card(0, 1)->minimumHeight(),
+             62 - 40 + full->findChild<QTableView *>("tableView")->rowHeight(0) * 7);
+}
+
+void TestMenuWidget::shownDaysComeFromTheSettings_data()
+{
+    QTest::addColumn<QString>("setting");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("no setting") << ""
+                                << "1111111";
+    QTest::newRow("all") << "2222222"
+                         << "1111111";
+    QTest::newRow("Monday to Friday") << "22222"
+                                      << "1111100";
+    QTest::newRow("every other day") << "2020202"
+                                     << "1010101";
+    QTest::newRow("Sunday") << "2000000"
+                            << "0000001";
+    QTest::newRow("nothing but 2 is shown") << "1101112"
+                                            << "1000000";
+    QTest::newRow("rounded up by the digit below") << "15"
+                                                   << "0100000";
+}
+
+void TestMenuWidget::shownDaysComeFromTheSettings()
+{
+    QFETCH(QString, setting);
+    QFETCH(QString, shown);
+    m_data.segment(QStringLiteral("Obed"), 1);
+    m_data.segment(QStringLiteral("Večera"), 2);
+    if (!setting.isEmpty())
+        m_data.setting(QStringLiteral("via_activeDays"), setting);
+    BoardPage page(m_database.db());
+    page.initData();
+    for (int place = 0; place < 14; ++place)
+        QCOMPARE(page.card(place % 7, place / 7)->isHidden(), shown.at(place % 7) == '0');
+    // Hidden cards follow the week, too.
+    page.weeks()->setCurrentIndex(0);
+    QCOMPARE(page.dates(), weekDates(QDate::currentDate().addDays(4 * 7)));
+}
+
+void TestMenuWidget::orderLimitColumn_data()
+{
+    QTest::addColumn<QString>("setting");
+    QTest::addColumn<int>("columns");
+    QTest::newRow("missing") << "" << 2;
+    QTest::newRow("false") << "false" << 2;
+    QTest::newRow("0") << "0" << 2;
+    QTest::newRow("true") << "true" << 3;
+    QTest::newRow("1") << "1" << 3;
+}
+
+void TestMenuWidget::orderLimitColumn()
+{
+    QFETCH(QString, setting);
+    const uint obed = m_data.segment(QStringLiteral("Obed"), 1);
+    const uint food = m_data.food(QStringLiteral("x"), m_data.type(QStringLiteral("t"), 1), m_data.supplier("s"));
+    m_data.item(food, obed, QDate::currentDate(), 0, 0, 12);
+    if (!setting.isEmpty())
+        m_data.setting(QStringLiteral("via_orderLimitEnabled"), setting);
+    BoardPage page(m_database.db());
+    page.initData();
+    const auto *table = page.card(QDate::currentDate().dayOfWeek() - 1)->findChild<QTableView *>("tableView");
+    QTEST(table->model()->columnCount(), "columns");
+    if (table->model()->columnCount() == 3)
+        QCOMPARE(table->model()->index(1, 2).data().toString(), QStringLiteral("12"));
+}
+
+void TestMenuWidget::branchSelector_data()
+{
+    QTest::addColumn<QStringList>("branches");
+    QTest::addColumn<bool>("enabled");
+    QTest::newRow("none but that for all") << QStringList() << false;
+    QTest::newRow("one") << QStringList{"Výroba"} << true;
+    QTest::newRow("two") << QStringList{"Výroba", "Sklad"} << true;
+}
+
+void TestMenuWidget::branchSelector()
+{
+    QFETCH(QStringList, branches);
+    for (const QString &name : qAsConst(branches))
+        m_data.branch(name);
+    BoardPage page(m_database.db());
+    page.initData();
+    QCOMPARE(page.branches()->count(), branches.size() + 1);
+    QCOMPARE(page.branches()->currentText(), QStringLiteral("- bez strediska -"));
+    for (int i = 0; i < branches.size(); ++i)
+        QCOMPARE(page.branches()->itemText(i + 1), branches.at(i));
+    QTEST(page.branches()->isEnabled(), "enabled");
+}
+
+void TestMenuWidget::menuModeControls()
+{
+    m_data.segment(QStringLiteral("Obed"), 1);
+    m_data.person(1, QStringLiteral("Adamec"), QStringLiteral("Ján"));
+    BoardPage page(m_database.db());
+    page.initData();
+    for (const char *name : {"comboBoxPeople", "linePeople", "personIconLabel", "toolButton"})
+        QVERIFY2(page.find<QWidget>(name)->isHidden(), name);
+    for (const char *name : {"toolButtonExport", "toolButtonWeekly", "toolButtonMonthly"})
+        QVERIFY2(!page.find<QWidget>(name)->isHidden(), name);
+    QCOMPARE(page.arrows(), QStringLiteral("<>"));
+    QVERIFY(page.button("toolButtonMonthly")->isEnabled());
+    QCOMPARE(page.enabledDays(), QStringLiteral("1111111"));
+    QCOMPARE(page.monthlyCaption(),
+             "Mesačný výpis objednávok: "
+                 + QLocale().toString(WeekList::thursdayOf(QDate::currentDate()), QStringLiteral("MMMM yyyy ")));
+}
+
+void TestMenuWidget::printTargets()
+{
+    BoardPage page(m_database.db());
+    page.initData();
+    QMenu *menu = page.button("toolButtonMonthly")->menu();
+    QVERIFY(menu);
+    QCOMPARE(menu->actions().size(), 2);
+    QAction *printer = menu->actions().at(0);
+    QAction *sheet = menu->actions().at(1);
+    QCOMPARE(printer->objectName(), QStringLiteral("actionPrintToPrinter"));
+    QCOMPARE(printer->text(), QStringLiteral("na tlačiarni"));
+    QCOMPARE(sheet->objectName(), QStringLiteral("actionExportToXLS"));
+    QCOMPARE(sheet->text(), QStringLiteral("export do XLS"));
+    QVERIFY(printer->isChecked() && !sheet->isChecked());
+    sheet->trigger();
+    QVERIFY(!printer->isChecked() && sheet->isChecked());
+}
+
+void TestMenuWidget::namesAreShownAsTyped_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("quotes") << QStringLiteral("O'Brien \"x\" \\");
+    QTest::newRow("markers") << QStringLiteral("%1 %2 %n & _");
+    QTest::newRow("markup") << QStringLiteral("<b>x</b><script>");
+    QTest::newRow("symbol") << QString::fromUtf8("\u2615");
+    QTest::newRow("long") << QString(190, 'W');
+}
+
+void TestMenuWidget::namesAreShownAsTyped()
+{
+    QFETCH(QString, name);
+    const uint obed = m_data.segment(name, 1);
+    const uint food = m_data.food(name, m_data.type(name, 1), m_data.supplier(name));
+    m_data.item(food, obed, QDate::currentDate());
+    m_data.branch(name);
+    m_data.person(1, name, name);
+    BoardPage page(m_database.db());
+    const QSize plain = page.minimumSizeHint();
+    page.initData();
+    const DayMenuWidget *card = page.card(QDate::currentDate().dayOfWeek() - 1);
+    QCOMPARE(card->findChild<QLabel *>("labelSegment")->text(), ' ' + name);
+    QCOMPARE(BoardPage::rowsOf(card).at(0).section('|', 0, 0), name);
+    QCOMPARE(BoardPage::rowsOf(card).at(1).section('|', 0, 0), name + ' ' + name);
+    page.branches()->setCurrentText(name);
+    QCOMPARE(page.branches()->currentText(), name);
+    page.branches()->setCurrentIndex(0);
+    page.showOrders();
+    QCOMPARE(page.people()->currentText(), "[1] " + name + ' ' + name);
+    // No name widens the page.
+    page.showMenu();
+    QVERIFY(page.minimumSizeHint().width() < plain.width() + 250);
+}
+
+void TestMenuWidget::reserveCompanyName_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("plain") << QByteArray("Firma s.r.o.").toBase64() << "Firma s.r.o.";
+    QTest::newRow("UTF-8") << QByteArray("Jedáleň Žilina").toBase64() << "Jedáleň Žilina";
+    QTest::newRow("cut at the zero byte") << QByteArray("Firma\0licence", 13).toBase64() << "Firma";
+    QTest::newRow("zero byte first") << QByteArray("\0x", 2).toBase64() << "";
+    QTest::newRow("empty") << QByteArray() << "";
+    QTest::newRow("no base64") << QByteArray("!!!") << "";
+}
+
+void TestMenuWidget::reserveCompanyName()
+{
+    QFETCH(QByteArray, value);
+    m_data.setting(QStringLiteral("LCNSN"), QString::fromLatin1(value));
+    BoardPage page(m_database.db());
+    QString result;
+    QVERIFY(QMetaObject::invokeMethod(&page, "getReserveCompanyName", Q_RETURN_ARG(QString, result)));
+    QTEST(result, "name");
+}
+
+void TestMenuWidget::reserveCompanyNameWithoutARow()
+{
+    m_data.setting(QStringLiteral("LCNSN2"), QStringLiteral("eA=="));
+    LogCatcher log;
+    BoardPage page(m_database.db());
+    QCOMPARE(page.getReserveCompanyName(), QString());
+    m_database.exec(QStringLiteral("INSERT INTO vars VALUES ('LCNSN', NULL)"));
+    QCOMPARE(page.getReserveCompanyName(), QString());
+    QCOMPARE(log.critical(), QStringList());
+}
+
+void TestMenuWidget::printoutWithoutAModel()
+{
+    BoardPage page(m_database.db());
+    DataSetInfo info;
+    info.recordCount = 7;
+    page.setDSInfo(info);
+    QCOMPARE(info.recordCount, 0);
+}
+
+void TestMenuWidget::disposalIsLogged()
+{
+    LogCatcher log;
+    {
+        BoardPage page(m_database.db());
+        page.initData();
+        QVERIFY(!log.has(QStringLiteral("destroying MenuWidget.")));
+    }
+    QVERIFY(log.has(QStringLiteral("destroying MenuWidget.")));
+}
+
+void TestMenuWidget::openingOftenLeavesNothingBehind()
+{
+    const uint obed = m_data.segment(QStringLiteral("Obed"), 1);
+    const uint food = m_data.food(QStringLiteral("x"), m_data.type(QStringLiteral("t"), 1), m_data.supplier("s"));
+    m_data.item(food, obed, QDate::currentDate(), 1);
+    m_data.person(1, QStringLiteral("Adamec"), QStringLiteral("Ján"));
+    for (int time = 0; time < 10; ++time) {
+        BoardPage page(m_database.db());
+        page.initData();
+        page.filterSetter({});
+        page.show();
+        page.weeks()->setCurrentIndex(0);
+    }
+    QVERIFY(QApplication::topLevelWidgets().isEmpty());
+}
+
+QTEST_MAIN(TestMenuWidget)
+#include "tst_menuwidget.moc"
