@@ -57,7 +57,8 @@ sql "$database" <db/schema.sql
 sql "$database" <db/grants.sql
 
 # Six cells in a row have 10, 11, ... 15 items: 75 together. A day has (branches + 1) * 3 cells.
-cells=$(((items * 6 + 74) / 75 + 5))
+rest=$((items % 75))
+cells=$((items / 75 * 6 + (rest > 0) + (rest > 10) + (rest > 21) + (rest > 33) + (rest > 46) + (rest > 60)))
 days=$(((cells + (branches + 1) * 3 - 1) / ((branches + 1) * 3)))
 stride=251
 while [ $((foods % stride)) = 0 ] || [ $((stride % foods)) = 0 ]; do stride=$((stride + 2)); done
@@ -106,7 +107,7 @@ INSERT INTO via_orderables (foodID, bid, segmentID, date, position, price, \`lim
          1 + place, 0.5 + (cell + place * 7) MOD 90 / 10, IF((cell + place) MOD 20 = 0, 50, 0),
          CASE WHEN day < @monday - INTERVAL 364 DAY THEN 2 WHEN day < @monday + INTERVAL 7 DAY THEN 1 ELSE 0 END
   FROM (SELECT cell, place, @monday + INTERVAL 27 DAY - INTERVAL back DAY day
-        FROM (SELECT cell, place, GREATEST($days - 1 - cell DIV (3 * (@branches + 1)), 0) back
+        FROM (SELECT cell, place, $days - 1 - cell DIV (3 * (@branches + 1)) back
               FROM (SELECT seq DIV 75 * 6 + (rest >= 10) + (rest >= 21) + (rest >= 33) + (rest >= 46) + (rest >= 60) cell,
                            rest - CASE WHEN rest < 10 THEN 0 WHEN rest < 21 THEN 10 WHEN rest < 33 THEN 21
                                        WHEN rest < 46 THEN 33 WHEN rest < 60 THEN 46 ELSE 60 END place

@@ -415,7 +415,8 @@ INSERT INTO via_orderables (foodID, bid, segmentID, date, position, price, locke
 
 -- What can be ordered; choice numbers the meals of a cell, of which a guest takes one.
 CREATE TEMPORARY TABLE demo_item (PRIMARY KEY (orderableID), KEY (date, segmentID, bidKey))
-  SELECT orderableID, IFNULL(bid, 0) bidKey, segmentID, date, t.name IN ('Hlavné jedlo', 'Raňajkové jedlo') meal,
+  SELECT orderableID, IFNULL(bid, 0) bidKey, segmentID, date, typeID,
+         t.name IN ('Hlavné jedlo', 'Raňajkové jedlo') meal,
          ROW_NUMBER() OVER (PARTITION BY date, segmentID, bid, t.typeID ORDER BY orderableID) - 1 choice,
          COUNT(*) OVER (PARTITION BY date, segmentID, bid, t.typeID) choices
   FROM via_orderables JOIN via_foods USING (foodID) JOIN via_types t USING (typeID)
@@ -449,7 +450,7 @@ INSERT INTO via_orders (orderableID, uid, quantity, ordered, delivered)
         JOIN demo_item i ON i.date = g.date AND i.segmentID = g.segmentID AND i.bidKey = g.bidKey
         JOIN via_orderables o ON o.orderableID = i.orderableID
         JOIN via_segments s ON s.segmentID = o.segmentID
-        WHERE IF(meal, i.choice = g.chance DIV 7 MOD i.choices, (g.chance + i.choice * 37) MOD 5 = 0)) guests
+        WHERE IF(meal, i.choice = g.chance DIV 7 MOD i.choices, (g.chance DIV (2 + i.typeID) + i.choice) MOD 5 = 0)) guests
   ORDER BY moment, orderableID, uid;
 
 -- Limits: roomy ones on salads; of next Monday's lunches the first is used up and the second has one portion left.

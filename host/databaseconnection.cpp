@@ -32,7 +32,7 @@ QString setSessionMode(const QSqlDatabase &db, const QString &mode)
     QSqlQuery query(db);
     query.prepare(QStringLiteral("SET SESSION sql_mode = ?"));
     // A null text would be bound as NULL, which is no mode.
-    query.addBindValue(mode.isNull() ? QStringLiteral("") : mode);
+    query.addBindValue(mode.isNull() ? QString(QLatin1String("")) : mode);
     return query.exec() ? QString() : query.lastError().text();
 }
 
@@ -60,6 +60,16 @@ QSqlDatabase makeConnection(const DatabaseOptions &options)
 }
 
 } // namespace
+
+QString speakWholeUtf8(const QSqlDatabase &db)
+{
+    QSqlQuery query(db);
+    if (query.exec(QStringLiteral("SET NAMES utf8mb4")))
+        return {};
+    qCritical().noquote() << "Host: the server refuses to speak utf8mb4 -" << query.lastError().text();
+    return tr("Server odmietol znakovú sadu utf8mb4; niektoré znaky sa nemusia uložiť. %1")
+        .arg(query.lastError().text());
+}
 
 bool refusesPartialGroupBy(const QString &sqlMode)
 {
@@ -101,7 +111,9 @@ DatabaseConnection::DatabaseConnection(const DatabaseOptions &options)
 {
     QSqlDatabase db = makeConnection(options);
     if (db.open()) {
-        m_problem = relaxGroupBy(db);
+        QStringList problems{speakWholeUtf8(db), relaxGroupBy(db)};
+        problems.removeAll(QString());
+        m_problem = problems.join(QLatin1Char(' '));
         return;
     }
     const QString reason =

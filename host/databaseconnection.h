@@ -5,6 +5,10 @@
 
 struct DatabaseOptions;
 
+/// Makes an open connection speak utf8mb4. On its own the driver speaks the three-byte utf8, in which the server
+/// refuses an emoji, or stores question marks where a statement ignores errors. Gives a Slovak text, also logged, when
+/// the server refuses; empty when all is well.
+QString speakWholeUtf8(const QSqlDatabase &db);
 /// Whether a session with this sql_mode refuses a GROUP BY whose other columns are not aggregated.
 bool refusesPartialGroupBy(const QString &sqlMode);
 /// The mode without ONLY_FULL_GROUP_BY, and without the name of the combination that would bring it back (ANSI); the

@@ -75,11 +75,9 @@ QSize sizeFromText(const QString &text)
     return match.hasMatch() ? QSize(match.captured(1).toInt(), match.captured(2).toInt()) : QSize();
 }
 
-} // namespace
-
-HostCommandLine::HostCommandLine()
+QString description()
 {
-    m_parser.setApplicationDescription(QStringLiteral(
+    return QStringLiteral(
         "The attendance program's window around the canteen module.\n\n"
         "The database is named by these options, else by the environment variables VIANDA_DB_SOCKET, VIANDA_DB_HOST,\n"
         "VIANDA_DB_PORT, VIANDA_DB_NAME, VIANDA_DB_USER and VIANDA_DB_PASSWORD, else by the keys database/socket,\n"
@@ -90,10 +88,14 @@ HostCommandLine::HostCommandLine()
         "  click:NAME              presses a button\n"
         "  click:NAME=ROW,COLUMN   clicks a cell of a list or table, counted from 0; doubleclick: twice\n"
         "  select:NAME=ENTRY       chooses an entry of a combo box, list or table by its number from 0 or by its text\n"
-        "  type:NAME=TEXT          types a text, over what a line of text holds"));
+        "  type:NAME=TEXT          types a text, over what a line of text holds");
+}
+
+QList<QCommandLineOption> optionTable()
+{
     const QString file = QStringLiteral("FILE");
     const QString text = QStringLiteral("TEXT");
-    m_parser.addOptions({
+    return {
         {QStringLiteral("plugin"), QStringLiteral("The plug-in; default ../plugins/libvianda.so beside the program."),
          file},
         {QStringLiteral("db-socket"), QStringLiteral("Unix socket of the database server."), file},
@@ -120,8 +122,16 @@ HostCommandLine::HostCommandLine()
         {QStringLiteral("size"), QStringLiteral("Size of the window, for example 1650x984."), QStringLiteral("WxH")},
         {QStringLiteral("scale"), QStringLiteral("Enlarge everything by a factor from 0.5 to 4."),
          QStringLiteral("FACTOR")},
-    });
-    m_parser.addHelpOption();
+    };
+}
+
+} // namespace
+
+HostCommandLine::HostCommandLine()
+{
+    m_parser.setApplicationDescription(description());
+    m_parser.addOptions(optionTable());
+    m_parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Print this help.")});
 }
 
 HostCommandLine::Result HostCommandLine::parse(const QStringList &arguments, const QProcessEnvironment &environment,
@@ -144,52 +154,64 @@ HostCommandLine::Result HostCommandLine::parse(const QStringList &arguments, con
                [&](const QString &key) { return environment.value(QStringLiteral("VIANDA_DB_") + key.toUpper()); }},
         Source{QStringLiteral("settings"),
                [&](const QString &key) { return settings.value(QStringLiteral("database/") + key).toString(); }}};
-    result.error = findDatabase(sources, result.options.database);
-    if (result.error.isEmpty())
-        readOwnOptions(result);
+    const QStringList errors{findDatabase(sources, result.options.database), readSession(result.options),
+                             readWindow(result.options), readRun(result.options)};
+    for (const QString &error : errors) {
+        if (result.error.isEmpty())
+            result.error = error;
+    }
     return result;
 }
 
-void HostCommandLine::readOwnOptions(Result &result)
+QString HostCommandLine::readNumber(const QString &option, qlonglong greatest, qlonglong &value) const
 {
-    const auto textOf = [this](const char *option) { return m_parser.value(QLatin1String(option)); };
-    const auto complain = [&](const QString &problem) {
-        if (result.error.isEmpty())
-            result.error = problem;
-    };
-    const auto numberOf = [&](const char *option, qlonglong greatest) -> qlonglong {
-        if (!m_parser.isSet(QLatin1String(option)))
-            return 0;
-        const auto value = number(textOf(option), 0, greatest);
-        if (!value)
-            complain(QStringLiteral("--%1: '%2' is no number from 0 to %3.")
-                         .arg(QLatin1String(option), textOf(option))
-                         .arg(greatest));
-        return value.value_or(0);
-    };
-    HostOptions &options = result.options;
-    options.pluginFile = textOf("plugin");
-    options.adminID = static_cast<quint32>(numberOf("admin", std::numeric_limits<quint32>::max()));
-    options.debugLevel = static_cast<quint8>(numberOf("debug-level", std::numeric_limits<quint8>::max()));
+    if (!m_parser.isSet(option))
+        return {};
+    const auto read = number(m_parser.value(option), 0, greatest);
+    value = read.value_or(0);
+    return read
+        ? QString()
+        : QStringLiteral("--%1: '%2' is no number from 0 to %3.").arg(option, m_parser.value(option)).arg(greatest);
+}
+
+QString HostCommandLine::readSession(HostOptions &options) const
+{
+    qlonglong adminID = 0;
+    qlonglong debugLevel = 0;
+    const QString adminError = readNumber(QStringLiteral("admin"), std::numeric_limits<quint32>::max(), adminID);
+    const QString levelError =
+        readNumber(QStringLiteral("debug-level"), std::numeric_limits<quint8>::max(), debugLevel);
+    options.adminID = static_cast<quint32>(adminID);
+    options.debugLevel = static_cast<quint8>(debugLevel);
     options.readOnly = m_parser.isSet(QStringLiteral("read-only"));
-    options.companyName = textOf("company");
-    options.styleSheetFile = textOf("style-sheet");
-    options.page = textOf("page");
-    options.screenshotFile = textOf("screenshot");
-    if (m_parser.isSet(QStringLiteral("size"))) {
-        options.size = sizeFromText(textOf("size"));
-        if (!options.size.isValid())
-            complain(QStringLiteral("--size: '%1' is no size such as 1650x984.").arg(textOf("size")));
-    }
-    if (m_parser.isSet(QStringLiteral("scale"))) {
-        options.scale = textOf("scale").toDouble();
-        if (!(options.scale >= 0.5 && options.scale <= 4))
-            complain(QStringLiteral("--scale: '%1' is no number from 0.5 to 4.").arg(textOf("scale")));
-    }
-    const PageScript script = parsePageScript(textOf("script"));
+    options.companyName = m_parser.value(QStringLiteral("company"));
+    return adminError.isEmpty() ? levelError : adminError;
+}
+
+QString HostCommandLine::readWindow(HostOptions &options) const
+{
+    options.pluginFile = m_parser.value(QStringLiteral("plugin"));
+    options.styleSheetFile = m_parser.value(QStringLiteral("style-sheet"));
+    const QString size = m_parser.value(QStringLiteral("size"));
+    options.size = sizeFromText(size);
+    if (m_parser.isSet(QStringLiteral("size")) && !options.size.isValid())
+        return QStringLiteral("--size: '%1' is no size such as 1650x984.").arg(size);
+    if (!m_parser.isSet(QStringLiteral("scale")))
+        return {};
+    const QString scale = m_parser.value(QStringLiteral("scale"));
+    options.scale = scale.toDouble();
+    // Written so that it refuses "nan", too.
+    const bool isFactor = options.scale >= 0.5 && options.scale <= 4;
+    return isFactor ? QString() : QStringLiteral("--scale: '%1' is no number from 0.5 to 4.").arg(scale);
+}
+
+QString HostCommandLine::readRun(HostOptions &options) const
+{
+    options.page = m_parser.value(QStringLiteral("page"));
+    options.screenshotFile = m_parser.value(QStringLiteral("screenshot"));
+    const PageScript script = parsePageScript(m_parser.value(QStringLiteral("script")));
     options.script = script.steps;
-    if (!script.error.isEmpty())
-        complain(QStringLiteral("--script: %1").arg(script.error));
+    return script.error.isEmpty() ? QString() : QStringLiteral("--script: %1").arg(script.error);
 }
 
 QString HostCommandLine::helpText() const

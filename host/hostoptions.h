@@ -65,7 +65,11 @@ public:
     QString helpText() const;
 
 private:
-    void readOwnOptions(Result &result);
+    // Each gives the first error's text, or none.
+    QString readNumber(const QString &option, qlonglong greatest, qlonglong &value) const;
+    QString readSession(HostOptions &options) const;
+    QString readWindow(HostOptions &options) const;
+    QString readRun(HostOptions &options) const;
 
     QCommandLineParser m_parser;
 };

@@ -1,5 +1,6 @@
 #include "hoststyle.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QFile>
 #include <QFontDatabase>
@@ -13,7 +14,8 @@ namespace {
 const std::array<const char *, 6> panelProperties{"whitePanel", "silverPanel", "titlePanel",
                                                   "hidestripe", "title",       "editState"};
 
-const int pointSize = 10;
+// At 12 px the family below is drawn as wide as it is measured, which spares combo boxes a cut.
+const int pointSize = 9;
 
 /// The first family at hand; the system's own general font otherwise.
 QFont uiFont()
@@ -75,6 +77,9 @@ void HostStyle::polish(QWidget *widget)
     const auto carries = [widget](const char *name) { return widget->property(name).isValid(); };
     if (std::any_of(panelProperties.cbegin(), panelProperties.cend(), carries))
         widget->setAttribute(Qt::WA_StyledBackground);
+    // A view that was filled before it is shown has laid out its rows without the style sheet's paddings.
+    if (auto *view = qobject_cast<QAbstractItemView *>(widget))
+        QMetaObject::invokeMethod(view, &QAbstractItemView::doItemsLayout, Qt::QueuedConnection);
 }
 
 QString applyLook(const QString &styleSheetFile)

@@ -4,7 +4,8 @@
 
 /// The Fusion style for an application-wide style sheet. Plain widgets and their subclasses paint no background of a
 /// style sheet by themselves; this makes those that carry one of the forms' panel properties (whitePanel, silverPanel,
-/// titlePanel, hidestripe, title, editState) do so.
+/// titlePanel, hidestripe, title, editState) do so. It also lays out anew the views that were filled before they had
+/// their look.
 class HostStyle : public QProxyStyle {
     Q_OBJECT
 

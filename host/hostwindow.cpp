@@ -67,12 +67,13 @@ HostWindow::HostWindow(QWidget *parent)
     , m_database(plainLabel(QStringLiteral("statusDatabase"), this))
 {
     setWindowTitle(tr("Dochádzka ZEP"));
-    m_welcome->setText(tr("Vyberte si stránku v bočnom paneli."));
+    m_welcome->setText(tr("Modul stravovania nie je načítaný."));
     m_welcome->setAlignment(Qt::AlignCenter);
     m_pages->setObjectName(QStringLiteral("pages"));
     m_pages->setFrameShape(QFrame::NoFrame);
     m_pages->setWidgetResizable(true);
     m_pages->setWidget(m_welcome);
+    m_welcome->setFocus();
 
     auto *centre = new QWidget(this);
     centre->setObjectName(QStringLiteral("hostCentre"));
@@ -116,9 +117,13 @@ void HostWindow::usePlugin(QObject *root, const QSqlDatabase &db, const QVariant
     plugin->setDebugLevel(static_cast<quint8>(options.value(QStringLiteral("debugLevel")).toUInt()));
     plugin->setOptions(options);
     // By name: the class that has the signal is known to the plug-in only.
-    connect(root, SIGNAL(sigSetCurrentWidget(QWidget *)), this, SLOT(showPage(QWidget *)));
+    // clang-format off
+    connect(root, SIGNAL(sigSetCurrentWidget(QWidget*)), this, SLOT(showPage(QWidget*)));
+    // clang-format on
     m_menu.reset(plugin->menu());
     m_sidebar->setMenu(m_menu.get());
+    if (m_welcome)
+        m_welcome->setText(tr("Vyberte si stránku v bočnom paneli."));
 
     const uint administrator = options.value(QStringLiteral("adminID")).toUInt();
     m_administrator->setText(administrator == 0 ? tr("Administrátor: všetky práva")

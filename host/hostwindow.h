@@ -56,7 +56,8 @@ private:
     QVBoxLayout *m_messages;
     /// Scrolls, so that a page may need more room than the window has.
     QScrollArea *m_pages;
-    QLabel *m_welcome;
+    /// Stands where the first page will.
+    QPointer<QLabel> m_welcome;
     QLabel *m_administrator;
     QLabel *m_company;
     QLabel *m_access;

@@ -48,14 +48,14 @@ void markOrdered(QStandardItemModel &menu, int row, const QString &toolTip)
     menu.item(row, MenuColumn::FoodId)->setText(QStringLiteral("-1"));
 }
 
-void prependShortcut(QStandardItemModel &menu, int row)
+void prependShortcut(QStandardItem &name, const QStandardItem &shortcut)
 {
-    QStandardItem *name = menu.item(row, MenuColumn::Name);
-    name->setText(text(menu, row, MenuColumn::Shortcut) + QLatin1Char(' ') + name->text());
+    name.setText(shortcut.text() + QLatin1Char(' ') + name.text());
 }
 
 void dressMenuRow(QStandardItemModel &menu, int row, const QString &orderedToolTip)
 {
+    prependShortcut(*menu.item(row, MenuColumn::Name), *menu.item(row, MenuColumn::Shortcut));
     if (isHeading(menu, row))
         emphasise(*menu.item(row, MenuColumn::Name));
     if (text(menu, row, MenuColumn::Total).toInt() > 0 && text(menu, row, MenuColumn::FoodId).toInt() > 0)
@@ -89,13 +89,15 @@ void split(QStandardItemModel &menu, QStandardItemModel &foods, const QString &o
 {
     // From the last row to the first, so that taking rows out moves none that is still to come. They are gathered
     // backwards and appended at the end: inserting each at row 0 would move all rows of a long catalogue for each food.
+    // A food is renamed after it left the grid: within one, the model would first search all rows for the cell.
     QVector<QList<QStandardItem *>> offMenu;
     for (int row = menu.rowCount() - 1; row >= 0; --row) {
-        prependShortcut(menu, row);
-        if (text(menu, row, MenuColumn::Position).isEmpty())
-            offMenu.append(menu.takeRow(row));
-        else
+        if (!text(menu, row, MenuColumn::Position).isEmpty()) {
             dressMenuRow(menu, row, orderedToolTip);
+            continue;
+        }
+        offMenu.append(menu.takeRow(row));
+        prependShortcut(*offMenu.last().at(MenuColumn::Name), *offMenu.last().at(MenuColumn::Shortcut));
     }
     std::for_each(offMenu.crbegin(), offMenu.crend(), [&foods](const auto &row) { foods.appendRow(row); });
 }

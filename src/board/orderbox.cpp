@@ -31,7 +31,11 @@ void showOrderBox(QWidget *parent, QMessageBox::Icon icon, const QString &title,
 {
     const QPointer<QMessageBox> box(new FixedSizeBox(icon, title, text, QMessageBox::Ok, parent));
     box->setTextFormat(format);
-    box->button(QMessageBox::Ok)->setMinimumSize(buttonSize); // the dialog's style sheet leaves it no margins
+    // The dialog's style sheet takes the margins and the ground from the button. A host's own sheet may still give a
+    // default button white text, made for another ground.
+    QAbstractButton *ok = box->button(QMessageBox::Ok);
+    ok->setMinimumSize(buttonSize);
+    ok->setStyleSheet(QStringLiteral("color: black;"));
     box->exec();
     delete box;
 }

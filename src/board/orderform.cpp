@@ -91,10 +91,16 @@ namespace OrderForm {
 
 void removeUnorderable(QStandardItemModel &grid)
 {
-    // From the last row to the first: what is taken out then moves only the few rows that stay.
-    for (int row = grid.rowCount() - 2; row >= 0; --row) {
-        if (!isHeading(grid, row) && !isOpenForOrders(grid, row))
-            grid.removeRow(row);
+    // From the last row to the first: what is taken out then moves only the few rows that stay. Most of the catalogue
+    // is not on the menu, so neighbours go together.
+    int run = 0;
+    for (int row = grid.rowCount() - 2; row >= -1; --row) {
+        if (row >= 0 && !isHeading(grid, row) && !isOpenForOrders(grid, row)) {
+            ++run;
+        } else if (run > 0) {
+            grid.removeRows(row + 1, run);
+            run = 0;
+        }
     }
 }
 

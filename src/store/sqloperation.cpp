@@ -54,7 +54,7 @@ bool SqlOperation::prepare(const QString &sql)
 
 bool SqlOperation::execute(const SqlValues &values)
 {
-    // The driver forgets why a statement could not be prepared as soon as somebody executes it.
+    // Executed all the same, the statement would go to the server once more, as text with the values pasted in.
     if (!m_prepared)
         return false;
     for (const SqlValue &bound : values)

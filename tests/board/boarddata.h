@@ -57,6 +57,15 @@ public:
     {
         m_database.exec(QStringLiteral("INSERT INTO brape (uid, bid) VALUES (%1, %2)").arg(person).arg(branch));
     }
+    /// Deletes every row, a good deal faster than `TestDatabase::clear`; the keys go on from where they were.
+    void clear() const
+    {
+        m_database.exec(QStringLiteral("SET foreign_key_checks = 0"));
+        for (const char *table : {"via_orders", "via_orderables", "via_foods", "via_types", "via_suppliers",
+                                  "via_segments", "people", "branches", "brape", "bradm", "admins_people", "vars"})
+            m_database.exec(QStringLiteral("DELETE FROM ") + QLatin1String(table));
+        m_database.exec(QStringLiteral("SET foreign_key_checks = 1"));
+    }
     void setting(const QString &name, const QString &value) const
     {
         m_database.exec(QStringLiteral("REPLACE INTO vars VALUES (%1, %2)").arg(quoted(name), quoted(value)));

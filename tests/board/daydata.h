@@ -22,7 +22,7 @@ public:
                                   "via_types", "via_segments", "people", "vars"})
             m_database.exec(QStringLiteral("DELETE FROM ") + QLatin1String(table));
         exec("ALTER TABLE via_orderables AUTO_INCREMENT = 1000");
-        // Characters of four bytes, in a test's statements and in the module's; the host sets its connection so.
+        // Characters of four bytes pass only over a connection that asks for them, which is the host's to do.
         exec("SET NAMES utf8mb4");
         QSqlQuery(m_database.db()).exec(QStringLiteral("SET NAMES utf8mb4"));
         exec(

@@ -44,7 +44,7 @@ private:
     }
     QStringList locks() const
     {
-        return m_database.rows(QStringLiteral("SELECT orderableID, locked FROM via_orderables ORDER BY orderableID"));
+        return m_database.rows(QStringLiteral("SELECT locked FROM via_orderables ORDER BY orderableID"));
     }
 
     TestDatabase m_database;
@@ -67,7 +67,7 @@ void TestDayMenuActions::init()
 
 void TestDayMenuActions::cleanup()
 {
-    m_database.clear();
+    m_data.clear();
 }
 
 /// A card of today's "Obed" that shows `m_grid`.
@@ -81,31 +81,31 @@ std::unique_ptr<DayMenuWidget> TestDayMenuActions::makeCard(int person)
 
 void TestDayMenuActions::lockWritesTheWholeCell_data()
 {
-    QTest::addColumn<uint>("branch");
+    QTest::addColumn<bool>("ofBranch");
     QTest::addColumn<QStringList>("locked");
-    QTest::newRow("without a branch") << 0U << QStringList{"1|1", "2|1", "3|0", "4|0", "5|0"};
-    QTest::newRow("of a branch") << 1U << QStringList{"1|0", "2|0", "3|1", "4|0", "5|0"};
+    QTest::newRow("without a branch") << false << QStringList{"1", "1", "0", "0", "0"};
+    QTest::newRow("of a branch") << true << QStringList{"0", "0", "1", "0", "0"};
 }
 
 void TestDayMenuActions::lockWritesTheWholeCell()
 {
-    QFETCH(uint, branch);
-    m_data.branch(QStringLiteral("Výroba"));
+    QFETCH(bool, ofBranch);
+    const uint branch = m_data.branch(QStringLiteral("Výroba"));
     m_data.item(m_food, m_obed, m_today);
     m_data.item(m_food, m_obed, m_today);
-    m_data.item(m_food, m_obed, m_today, 0, 1);
+    m_data.item(m_food, m_obed, m_today, 0, branch);
     m_data.item(m_food, m_obed, m_today.addDays(1));
     m_data.item(m_food, m_data.segment(QStringLiteral("Večera"), 2), m_today);
     m_grid.addFood(1, m_obed, m_today);
     const auto card = makeCard();
-    card->setBranch(branch);
+    card->setBranch(ofBranch ? branch : 0);
     const QSignalSpy resetModel(card.get(), &DayMenuWidget::resetmodel);
     QVERIFY(resetModel.isValid());
     button(*card, "toolButtonLock")->click();
     QTEST(locks(), "locked");
     QCOMPARE(resetModel.count(), 1);
     button(*card, "toolButtonLock")->click();
-    QCOMPARE(locks(), (QStringList{"1|0", "2|0", "3|0", "4|0", "5|0"}));
+    QCOMPARE(locks(), (QStringList{"0", "0", "0", "0", "0"}));
     QCOMPARE(resetModel.count(), 2);
 }
 
@@ -122,7 +122,7 @@ void TestDayMenuActions::lockFailureStillAsksForAReset()
     m_database.exec(QStringLiteral("RENAME TABLE hidden_orderables TO via_orderables"));
     BOXES_DONE(boxes);
     QCOMPARE(resetModel.count(), 1);
-    QCOMPARE(locks(), QStringList{"1|0"});
+    QCOMPARE(locks(), QStringList{"0"});
 }
 
 void TestDayMenuActions::closedForGoodWritesNothing()
@@ -133,7 +133,7 @@ void TestDayMenuActions::closedForGoodWritesNothing()
     const QSignalSpy resetModel(card.get(), &DayMenuWidget::resetmodel);
     QVERIFY(!button(*card, "toolButtonLock")->isEnabled());
     card->on_toolButtonLock_clicked();
-    QCOMPARE(locks(), QStringList{"1|2"});
+    QCOMPARE(locks(), QStringList{"2"});
     QCOMPARE(resetModel.count(), 0);
 }
 
@@ -169,8 +169,8 @@ void TestDayMenuActions::cancelledEditResetsNothing()
 void TestDayMenuActions::orderOpensTheOrderDialog()
 {
     const uint person = m_data.person(17, QStringLiteral("Adamec"), QStringLiteral("Ján"));
-    m_data.item(m_food, m_obed, m_today, 1);
-    m_grid.addFood(1, m_obed, m_today, 1);
+    const uint item = m_data.item(m_food, m_obed, m_today, 1);
+    m_grid.addFood(int(item), m_obed, m_today, 1);
     const auto card = makeCard(int(person));
     const QSignalSpy resetModel(card.get(), &DayMenuWidget::resetmodel);
     BoxAnswerer boxes;
@@ -186,7 +186,7 @@ void TestDayMenuActions::orderOpensTheOrderDialog()
     BOXES_DONE(boxes);
     QCOMPARE(resetModel.count(), 1);
     QCOMPARE(m_database.rows(QStringLiteral("SELECT orderableID, uid, quantity, LEFT(ordered, 14) FROM via_orders")),
-             QStringList{QStringLiteral("1|%1|2|ZEP-adminID: 3").arg(person)});
+             QStringList{QStringLiteral("%1|%2|2|ZEP-adminID: 3").arg(item).arg(person)});
     QVERIFY(card->findChildren<QDialog *>().isEmpty());
 }
 
@@ -250,13 +250,13 @@ void TestDayMenuActions::enterOpensTheOrdersOfAnItem()
     const auto card = makeCard();
     card->show();
     auto *table = card->findChild<QTableView *>(QStringLiteral("tableView"));
-    QApplication::setActiveWindow(card.get());
-    table->setFocus();
-    table->setCurrentIndex(table->model()->index(1, 0));
     BoxAnswerer boxes;
     for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+        QApplication::setActiveWindow(card.get());
+        table->setFocus();
+        table->setCurrentIndex(table->model()->index(1, 0));
         boxes.expectDialog(QStringLiteral("DialogFoodOrders"), [](QDialog *dialog) { dialog->reject(); });
-        QTest::keyClick(table, Qt::Key(key));
+        QTest::keyClick(table, Qt::Key(key), key == Qt::Key_Enter ? Qt::KeypadModifier : Qt::NoModifier);
     }
     BOXES_DONE(boxes);
     QCOMPARE(boxes.answered(), 2);

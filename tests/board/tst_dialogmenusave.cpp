@@ -77,7 +77,7 @@ class TestDialogMenuSave : public QObject {
 
 private slots:
     void initTestCase() { m_database = std::make_unique<TestDatabase>(); }
-    void cleanupTestCase() { m_database.reset(); }
+    void cleanupTestCase();
     void init() { m_data = std::make_unique<DayData>(*m_database); }
 
     void newMenu();
@@ -107,6 +107,12 @@ private:
     std::unique_ptr<TestDatabase> m_database;
     std::unique_ptr<DayData> m_data;
 };
+
+void TestDialogMenuSave::cleanupTestCase()
+{
+    m_database.reset();
+    QTest::qWait(50); // a clear button that died while it faded in leaves its animation to the event loop
+}
 
 void TestDialogMenuSave::newMenu()
 {

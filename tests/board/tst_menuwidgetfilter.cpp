@@ -45,15 +45,16 @@ void TestMenuWidgetFilter::init()
     m_branch = m_data.branch(QStringLiteral("Výroba"));
     m_data.person(1, QStringLiteral("Adamec"), QStringLiteral("Ján"));
     m_data.personInBranch(m_data.person(2, QStringLiteral("Novák"), QStringLiteral("Peter")), m_branch);
-    m_data.personInBranch(m_data.person(3, QStringLiteral("Zeman"), QStringLiteral("Ivan")), m_branch);
+    const uint zeman = m_data.person(3, QStringLiteral("Zeman"), QStringLiteral("Ivan"));
+    m_data.personInBranch(zeman, m_branch);
     const QDate thursday = WeekList::thursdayOf(QDate::currentDate());
     m_data.item(food, obed, thursday.addDays(-21));
-    m_data.order(m_data.item(food, obed, thursday, 1, m_branch), 3, 6);
+    m_data.order(m_data.item(food, obed, thursday, 1, m_branch), zeman, 6);
 }
 
 void TestMenuWidgetFilter::cleanup()
 {
-    m_database.clear();
+    m_data.clear();
 }
 
 void TestMenuWidgetFilter::changeIsTold()

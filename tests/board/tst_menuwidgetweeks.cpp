@@ -1,6 +1,5 @@
 #include "board/boarddata.h"
 #include "board/boardpage.h"
-#include "support/boxanswerer.h"
 #include "support/logcatcher.h"
 
 #include <QSignalSpy>
@@ -63,7 +62,7 @@ void TestMenuWidgetWeeks::init()
 
 void TestMenuWidgetWeeks::cleanup()
 {
-    m_database.clear();
+    m_data.clear();
 }
 
 void TestMenuWidgetWeeks::weekOfTheRowIsShown_data()

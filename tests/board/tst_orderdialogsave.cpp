@@ -197,7 +197,8 @@ void TestOrderDialogSave::limits()
     entry.ok()->click();
     BOXES_DONE(boxes);
     QCOMPARE(entry.result(), 1);
-    QCOMPARE(m_data->orders().first(), QStringLiteral("121 7 ") + (message.isEmpty() ? typed : QStringLiteral("2")));
+    QCOMPARE(m_data->orders().constFirst(),
+             QStringLiteral("121 7 ") + (message.isEmpty() ? typed : QStringLiteral("2")));
 }
 
 void TestOrderDialogSave::refusedRowStaysAndTheOthersAreSaved()
@@ -417,7 +418,8 @@ void TestOrderDialogSave::lostConnectionShowsABoxForEachRow()
     QCOMPARE(entry.result(), 1);
     QCOMPARE(data.orders(), QStringList{"121 7 2"});
     QCOMPARE(log.critical().size(), 2);
-    QVERIFY(log.critical().first().startsWith(QLatin1String("OrderRepository(checkOrderableLimit) - SQL ERROR: ")));
+    QVERIFY(
+        log.critical().constFirst().startsWith(QLatin1String("OrderRepository(checkOrderableLimit) - SQL ERROR: ")));
 }
 
 void TestOrderDialogSave::refusedStatements_data()
@@ -455,7 +457,7 @@ void TestOrderDialogSave::refusedStatements()
     QCOMPARE(entry.result(), 1);
     QTEST(m_data->orders(), "orders");
     QCOMPARE(lines.critical().size(), 1);
-    QVERIFY(lines.critical().first().startsWith(log));
+    QVERIFY(lines.critical().constFirst().startsWith(log));
 }
 
 QTEST_MAIN(TestOrderDialogSave)

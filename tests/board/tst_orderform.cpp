@@ -42,7 +42,7 @@ private:
         QList<QStandardItem *> row;
         for (int column = 0; column < PersonMenuColumn::Count; ++column)
             row.append(new QStandardItem);
-        const bool heading = cells.first() == QLatin1String("0");
+        const bool heading = cells.constFirst() == QLatin1String("0");
         row[PersonMenuColumn::FoodId]->setText(cells.value(0));
         row[PersonMenuColumn::TypeId]->setText(cells.value(1));
         row[PersonMenuColumn::Position]->setText(heading ? QStringLiteral("0") : cells.value(2));
@@ -50,8 +50,8 @@ private:
         row[PersonMenuColumn::Price]->setText(cells.value(4));
         row[PersonMenuColumn::Total]->setText(cells.value(5));
         row[PersonMenuColumn::Informative]->setText(cells.value(6));
-        if (!heading && !cells.first().isEmpty())
-            row[PersonMenuColumn::OrderableId]->setText(QStringLiteral("10") + cells.first());
+        if (!heading && !cells.constFirst().isEmpty())
+            row[PersonMenuColumn::OrderableId]->setText(QStringLiteral("10") + cells.constFirst());
         appendRow(row);
     }
 };
@@ -299,7 +299,7 @@ void TestOrderForm::recalculateOfLargeQuantitiesDoesNotOverflow()
 {
     PersonGrid grid({"0,1", "11,1,1,1,1,2147483647,", "12,1,2,1,1,2147483647,"});
     OrderForm::recalculate(grid, QStringLiteral("€"));
-    QCOMPARE(grid.sums().last(), QStringLiteral("4294967294: 4294967294.00 €"));
+    QCOMPARE(grid.sums().constLast(), QStringLiteral("4294967294: 4294967294.00 €"));
 }
 
 void TestOrderForm::recalculateTellsOfRealChangesOnly()

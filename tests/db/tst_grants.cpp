@@ -58,8 +58,7 @@ void TestGrants::mayDoWhatTheModuleNeeds_data()
         "INSERT INTO via_segments (name, start, stop, position) VALUES ('x', '10:00', '11:00', 1)",
         "UPDATE via_segments SET position=2 WHERE position=1",
         "DELETE FROM via_segments WHERE segmentID=2",
-        "INSERT INTO via_orderables (foodID, bid, segmentID, date, position, price, `limit`)"
-        " VALUES (1, NULL, 1, '2024-05-16', 1, 1, 0)",
+        "INSERT INTO via_orderables (foodID, bid, segmentID, date, `limit`) VALUES (1, NULL, 1, '2024-05-16', 0)",
         "UPDATE via_orderables SET locked=1 WHERE date='2024-05-16'",
         "DELETE FROM via_orderables WHERE orderableID=9",
         "INSERT INTO via_orders (orderableID, uid, quantity, ordered, delivered) VALUES (1, 7, 1, 'x', NULL)",

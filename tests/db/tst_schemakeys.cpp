@@ -49,8 +49,8 @@ void TestSchemaKeys::init()
         "INSERT INTO via_segments (segmentID, name, position) VALUES (1, 'Obed', 1), (2, 'Večera', 2)",
         "INSERT INTO via_foods (foodID, typeID, supplierID, name) VALUES (1, 1, 1, 'Vývar'), (2, 1, 1, 'Držková')",
         "INSERT INTO via_foodalergen (foodID, alergenID) VALUES (1, 1)",
-        "INSERT INTO via_orderables (orderableID, foodID, bid, segmentID, date) VALUES (1, 1, NULL, 1, '2024-05-16'),"
-        " (2, 1, 3, 1, '2024-05-16')",
+        "INSERT INTO via_orderables (orderableID, foodID, segmentID, date) VALUES (1, 1, 1, '2024-05-16')",
+        "INSERT INTO via_orderables (orderableID, foodID, bid, segmentID, date) VALUES (2, 1, 3, 1, '2024-05-16')",
         "INSERT INTO via_orders (orderableID, uid, quantity) VALUES (1, 7, 1)",
         "INSERT INTO via_supplierbranch (supplierID, bid) VALUES (2, NULL), (2, 5)",
         "INSERT INTO via_suppliermails (supplierID, mail) VALUES (3, 'a@b.example')",

@@ -6,6 +6,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMetaMethod>
 #include <QPushButton>
 #include <QSqlDatabase>
 #include <QVBoxLayout>
@@ -65,8 +66,8 @@ void FakePlugin::setOptions(const QVariantMap &options)
 
 QMenu *FakePlugin::menu()
 {
-    record(receivers(SIGNAL(sigSetCurrentWidget(QWidget *))) > 0 ? QStringLiteral("menu connected")
-                                                                 : QStringLiteral("menu"));
+    const bool connected = isSignalConnected(QMetaMethod::fromSignal(&FakePlugin::sigSetCurrentWidget));
+    record(connected ? QStringLiteral("menu connected") : QStringLiteral("menu"));
     if (m_menu)
         return m_menu;
     m_menu = new QMenu(QStringLiteral("Strava"));

@@ -121,6 +121,8 @@ private slots:
     void partialGroupByWorks();
     void serverThatRefuses_data();
     void serverThatRefuses();
+    void connectionSpeaksWholeUtf8();
+    void serverThatRefusesWholeUtf8();
     void lostConnectionIsToldPlainly();
     void refusedAccountLeavesAClosedHandle();
     void missingServerIsToldPlainly();
@@ -222,6 +224,32 @@ void TestDatabaseConnection::serverThatRefuses()
     QTEST(relaxGroupBy(server.db()).remove(QLatin1String(" Unable to execute statement")).trimmed(), "problem");
     QCOMPARE(catcher.critical().size(), 1);
     QCOMPARE(catcher.critical().constFirst().trimmed(), log);
+}
+
+void TestDatabaseConnection::connectionSpeaksWholeUtf8()
+{
+    const QString smile = QString::fromUtf8("\xF0\x9F\x98\x80");
+    const DatabaseConnection connection(optionsFor(*m_database));
+    QSqlQuery query(connection.handle());
+    query.prepare(QStringLiteral("INSERT INTO vars VALUES ('smile', ?)"));
+    query.addBindValue(smile);
+    QVERIFY2(query.exec(), qPrintable(query.lastError().text()));
+    QVERIFY(query.exec(QStringLiteral("SELECT value FROM vars WHERE name = 'smile'")));
+    QVERIFY(query.next());
+    QCOMPARE(query.value(0).toString(), smile);
+}
+
+void TestDatabaseConnection::serverThatRefusesWholeUtf8()
+{
+    const StubbornServer server({QString(), true, false});
+    LogCatcher catcher;
+    const QString problem = speakWholeUtf8(server.db());
+    QVERIFY2(
+        problem.startsWith(QStringLiteral("Server odmietol znakovú sadu utf8mb4; niektoré znaky sa nemusia uložiť. "
+                                          "Zakázané: SET NAMES utf8mb4")),
+        qPrintable(problem));
+    QCOMPARE(catcher.critical().size(), 1);
+    QVERIFY(catcher.critical().constFirst().startsWith(QStringLiteral("Host: the server refuses to speak utf8mb4 - ")));
 }
 
 void TestDatabaseConnection::lostConnectionIsToldPlainly()

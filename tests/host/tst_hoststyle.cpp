@@ -7,8 +7,10 @@
 #include <QFile>
 #include <QFontMetrics>
 #include <QLabel>
+#include <QListView>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QStringListModel>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -42,6 +44,7 @@ private slots:
     void panelsPaintTheirGround_data();
     void panelsPaintTheirGround();
     void falsePropertyIsNoPanel();
+    void rowsOfAFilledListHaveTheirHeight();
     void fontHasTheSlovakLetters();
     void everyImageOfTheSheetExists();
     void ownSheetCanBeReplaced();
@@ -80,6 +83,18 @@ void TestHostStyle::falsePropertyIsNoPanel()
     Subclass other;
     QCOMPARE(backgroundOf(panel), backgroundOf(other));
     QVERIFY(backgroundOf(other) != QColor(Qt::white));
+}
+
+void TestHostStyle::rowsOfAFilledListHaveTheirHeight()
+{
+    QWidget page;
+    QListView list(&page);
+    QStringListModel model({QStringLiteral("polievka"), QStringLiteral("jedlo")});
+    list.setModel(&model);
+    page.show();
+    const int height = list.sizeHintForRow(0);
+    QVERIFY(height > list.fontMetrics().height() + 4);
+    QTRY_COMPARE(list.visualRect(model.index(1, 0)).top(), height);
 }
 
 void TestHostStyle::fontHasTheSlovakLetters()

@@ -74,6 +74,7 @@ void TestHostWindow::pageIsReplacedAndDisposedOf()
     window.usePlugin(&plugin, QSqlDatabase(), {});
     window.show();
     QVERIFY(window.findChild<QLabel *>(QStringLiteral("welcome"))->isVisible());
+    QCOMPARE(labelText(window, "welcome"), QStringLiteral("Vyberte si stránku v bočnom paneli."));
     QTest::mouseClick(entryButton(window, 0), Qt::LeftButton);
     const QPointer<QWidget> first(window.page());
     QVERIFY(first);
@@ -285,6 +286,7 @@ void TestHostWindow::worksWithoutAPlugin()
     HostWindow window;
     window.show();
     QVERIFY(window.findChild<QLabel *>(QStringLiteral("welcome"))->isVisible());
+    QCOMPARE(labelText(window, "welcome"), QStringLiteral("Modul stravovania nie je načítaný."));
     QVERIFY(window.findChild<Sidebar *>()->buttons().isEmpty());
 }
 

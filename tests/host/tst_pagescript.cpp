@@ -79,7 +79,7 @@ QString run(const QString &script, QWidget &window)
     runner.start();
     if (!QTest::qWaitFor([&] { return finished.count() + failed.count() > 0; }))
         return QStringLiteral("no end");
-    QTest::qWait(150); // A step after a failure would show itself now.
+    QTest::qWait(100); // A step after a failure would show itself now.
     if (finished.count() + failed.count() != 1)
         return QStringLiteral("%1 ends").arg(finished.count() + failed.count());
     return failed.isEmpty() ? QString() : failed.constFirst().constFirst().toString();

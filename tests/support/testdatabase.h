@@ -7,8 +7,9 @@
 
 /// A fresh, empty database of the module's schema on the server of the test run, with an open connection to it; gone
 /// when the object goes. The connection is the module's account with the grants of db/grants.sql and no more, in a
-/// session without ONLY_FULL_GROUP_BY, as a host hands it over. The environment variable VIANDA_TEST_SERVER names the
-/// server's directory; construction ends the program with a plain message when there is none.
+/// session that speaks utf8mb4 and has no ONLY_FULL_GROUP_BY, as a host hands it over. The environment variable
+/// VIANDA_TEST_SERVER names the server's directory; construction ends the program with a plain message when there is
+/// none.
 class TestDatabase {
 public:
     /// Opens the connection under `connectionName`; the default is the application's default connection.
