@@ -216,6 +216,11 @@ void TestDialogMenu::limitColumn()
 void TestDialogMenu::nameColumnLeavesRoomForTheLimit()
 {
     MenuEditor editor(m_database->db());
+    QCOMPARE(editor.table()->columnWidth(0), 59);
+    editor.table()->setFixedWidth(400);
+    QTRY_COMPARE(editor.table()->columnWidth(0), editor.table()->viewport()->width() - 59); // without being shown
+    editor.table()->setFixedWidth(QWIDGETSIZE_MAX);
+    editor.table()->setMinimumWidth(0);
     show(editor);
     QTRY_COMPARE(editor.table()->columnWidth(0), editor.table()->viewport()->width() - 59);
     QCOMPARE(editor.table()->columnWidth(2), 59);

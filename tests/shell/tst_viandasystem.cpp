@@ -56,6 +56,26 @@ private:
     std::unique_ptr<QMenu> m_menu;
 };
 
+/// A shell on an open database, with a host that has set it up and holds its pages.
+class RunningShell {
+public:
+    explicit RunningShell(const TestDatabase &database, const QVariantMap &options = {})
+        : host((shell.setDatabase(database.db()), shell.setOptions(options), shell))
+    {
+    }
+
+    /// The new board, or null.
+    MenuWidget *openBoard()
+    {
+        const std::size_t before = host.pages.size();
+        entry(shell, QStringLiteral("Menu"))->trigger();
+        return host.pages.size() > before ? qobject_cast<MenuWidget *>(host.pages.back().get()) : nullptr;
+    }
+
+    Viandasystem shell;
+    Host host;
+};
+
 /// An entry of a virtual table, as a host built apart from the module would call it.
 template<typename Function> Function virtualOperation(void *interface, int slot)
 {
@@ -333,17 +353,12 @@ void TestViandasystem::processWideLevelIsNeverWritten()
 void TestViandasystem::menuEntryOffersABoard()
 {
     const TestDatabase database;
-    Viandasystem shell;
-    shell.setDatabase(database.db());
-    shell.setOptions({});
-    Host host(shell);
-    entry(shell, QStringLiteral("Menu"))->trigger();
-    QCOMPARE(host.pages.size(), std::size_t(1));
-    auto *board = qobject_cast<MenuWidget *>(host.pages.front().get());
+    RunningShell running(database);
+    const MenuWidget *board = running.openBoard();
     QVERIFY(board);
     QVERIFY(!board->parent());
     QCOMPARE(board->windowTitle(), QStringLiteral("Menu"));
-    QCOMPARE(host.cursorWhileOffered, Qt::WaitCursor);
+    QCOMPARE(running.host.cursorWhileOffered, Qt::WaitCursor);
     QVERIFY(!QGuiApplication::overrideCursor());
 }
 
@@ -360,15 +375,11 @@ void TestViandasystem::triggersAreLogged()
 void TestViandasystem::boardStartsInOrdersOnAFirstRun()
 {
     const TestDatabase database;
-    Viandasystem shell;
-    shell.setDatabase(database.db());
-    shell.setOptions({});
-    Host host(shell);
+    RunningShell running(database);
     LogCatcher log;
-    entry(shell, QStringLiteral("Menu"))->trigger();
-    auto *board = qobject_cast<MenuWidget *>(host.pages.front().get());
+    const MenuWidget *board = running.openBoard();
     QVERIFY(log.has(QStringLiteral("MenuWidget::filterSetter()")));
-    QCOMPARE(board->findChild<QAbstractButton *>(QStringLiteral("butOrdersSwitch"))->isChecked(), true);
+    QVERIFY(board->findChild<QAbstractButton *>(QStringLiteral("butOrdersSwitch"))->isChecked());
 }
 
 void TestViandasystem::filterSurvivesARestart()
@@ -376,12 +387,8 @@ void TestViandasystem::filterSurvivesARestart()
     const TestDatabase database;
     database.exec(QStringLiteral("INSERT INTO branches VALUES (1, 'Sever'), (2, 'Juh')"));
     {
-        Viandasystem shell;
-        shell.setDatabase(database.db());
-        shell.setOptions({});
-        Host host(shell);
-        entry(shell, QStringLiteral("Menu"))->trigger();
-        QWidget *board = host.pages.front().get();
+        RunningShell running(database);
+        const MenuWidget *board = running.openBoard();
         board->findChild<QAbstractButton *>(QStringLiteral("butMenuSwitch"))->click();
         board->findChild<QComboBox *>(QStringLiteral("comboBoxBranches"))->setCurrentText(QStringLiteral("Juh"));
         const QVariantMap saved = savedFilters().value(QStringLiteral("menuwidget")).toMap();
@@ -391,12 +398,8 @@ void TestViandasystem::filterSurvivesARestart()
         QCOMPARE(saved.value(QStringLiteral("branch")).toString(), QStringLiteral("Juh"));
         QCOMPARE(saved.value(QStringLiteral("menu")).toBool(), true);
     }
-    Viandasystem shell;
-    shell.setDatabase(database.db());
-    shell.setOptions({});
-    Host host(shell);
-    entry(shell, QStringLiteral("Menu"))->trigger();
-    QWidget *board = host.pages.front().get();
+    RunningShell running(database);
+    const MenuWidget *board = running.openBoard();
     QCOMPARE(board->findChild<QComboBox *>(QStringLiteral("comboBoxBranches"))->currentText(), QStringLiteral("Juh"));
     QVERIFY(board->findChild<QAbstractButton *>(QStringLiteral("butMenuSwitch"))->isChecked());
 }
@@ -404,17 +407,13 @@ void TestViandasystem::filterSurvivesARestart()
 void TestViandasystem::everyBoardStaysConnected()
 {
     const TestDatabase database;
-    Viandasystem shell;
-    shell.setDatabase(database.db());
-    shell.setOptions({});
-    Host host(shell);
-    entry(shell, QStringLiteral("Menu"))->trigger();
-    entry(shell, QStringLiteral("Menu"))->trigger();
-    QCOMPARE(host.pages.size(), std::size_t(2));
-    for (const auto &page : host.pages) {
+    RunningShell running(database);
+    MenuWidget *first = running.openBoard();
+    MenuWidget *second = running.openBoard();
+    QVERIFY(first != second);
+    for (MenuWidget *board : {first, second}) {
         QSettings(QStringLiteral("NORVIK-IT"), QStringLiteral("ZEP")).clear();
-        emit qobject_cast<MenuWidget *>(page.get())
-            ->filter(QStringLiteral("menuwidget"), {{QStringLiteral("week"), QStringLiteral("w")}});
+        emit board->filter(QStringLiteral("menuwidget"), {{QStringLiteral("week"), QStringLiteral("w")}});
         QCOMPARE(savedFilters().value(QStringLiteral("menuwidget")).toMap().value(QStringLiteral("week")).toString(),
                  QStringLiteral("w"));
     }
