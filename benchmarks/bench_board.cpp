@@ -18,7 +18,6 @@
 
 namespace {
 
-constexpr int runs = 15;
 constexpr Target openingTarget{4, 150};
 constexpr Target changeTarget{1.5, 30};
 constexpr unsigned adminID = 1;
@@ -34,11 +33,12 @@ private:
     void measureOpening(const QString &what, const Filter &filter);
     void measureChanges(const QString &branch);
     void measureSteps(const QString &what, const std::function<void(int)> &step);
+    template<typename Prepare>
+    void measure(const QString &what, const QByteArray &statement, Target target, Prepare prepare);
     void measureOrderDialog(const QString &what, unsigned branch);
     void measureMenuDialog(const QString &what, unsigned branch);
     void measureDialog(const QString &what, const std::function<std::unique_ptr<QDialog>()> &make);
     Filter filter(bool menu, const QString &branch) const;
-    void print(const QString &what, const QByteArray &statement, double time, Target target);
 
     LargeFirm m_firm;
     Floor m_floor{m_firm.socket(), m_firm.database()};
@@ -46,10 +46,20 @@ private:
     PaintWatch m_watch;
 };
 
-void BoardBenchmark::print(const QString &what, const QByteArray &statement, double time, Target target)
+/// Runs floor and step by turns, so that whatever else the machine does falls on both. `prepare` is not timed and gives
+/// the step. The first turn does not count.
+template<typename Prepare>
+void BoardBenchmark::measure(const QString &what, const QByteArray &statement, Target target, Prepare prepare)
 {
-    const double floor = m_floor.median(statement, runs);
-    printAgainstTarget(what, m_floor.rows(), floor, time, target);
+    QVector<double> floor;
+    StepTimes times;
+    m_floor.once(statement);
+    prepare()();
+    for (int run = 0; run < m_firm.runs(); ++run) {
+        floor.append(m_floor.once(statement));
+        times.measure(prepare());
+    }
+    printAgainstTarget(what, m_floor.rows(), floor, times, target);
 }
 
 BoardBenchmark::Filter BoardBenchmark::filter(bool menu, const QString &branch) const
@@ -70,28 +80,30 @@ std::unique_ptr<MenuWidget> BoardBenchmark::openBoard(const Filter &filter)
 
 void BoardBenchmark::measureOpening(const QString &what, const Filter &filter)
 {
+    if (!m_firm.isWanted(what))
+        return;
     const QByteArray statement = m_log.longestDuring([&] { openBoard(filter); });
     std::unique_ptr<MenuWidget> board;
-    const double time = medianOf(runs, [&] {
+    measure(what, statement, openingTarget, [&] {
         board.reset();
         m_watch.settle();
         return [&] { board = openBoard(filter); };
     });
-    print(what, statement, time, openingTarget);
 }
 
 /// Times a step that is repeated with 0, 1, 2 ..., and measures the floor of the statement of step 0.
 void BoardBenchmark::measureSteps(const QString &what, const std::function<void(int)> &step)
 {
+    if (!m_firm.isWanted(what))
+        return;
     const QByteArray statement = m_log.longestDuring([&] { step(0); });
     int number = 1;
-    const double time = medianOf(runs, [&] {
+    measure(what, statement, changeTarget, [&] {
         return [&] {
             step(number++);
             m_watch.settle();
         };
     });
-    print(what, statement, time, changeTarget);
 }
 
 void BoardBenchmark::measureChanges(const QString &branch)
@@ -105,16 +117,17 @@ void BoardBenchmark::measureChanges(const QString &branch)
 
     child<QToolButton>(board.get(), "butOrdersSwitch")->click();
     auto *people = child<QComboBox>(board.get(), "comboBoxPeople");
-    if (people->count() < runs + 3)
-        qFatal("too few people to choose from: %d", people->count());
-    measureSteps(QStringLiteral("change of person") + of, [&](int number) { people->setCurrentIndex(1 + number); });
+    measureSteps(QStringLiteral("change of person") + of,
+                 [&](int number) { people->setCurrentIndex(1 + number % (people->count() - 1)); });
 }
 
 void BoardBenchmark::measureDialog(const QString &what, const std::function<std::unique_ptr<QDialog>()> &make)
 {
+    if (!m_firm.isWanted(what))
+        return;
     const QByteArray statement = m_log.longestDuring([&] { make(); });
     std::unique_ptr<QDialog> dialog;
-    const double time = medianOf(runs, [&] {
+    measure(what, statement, changeTarget, [&] {
         dialog.reset();
         m_watch.settle();
         return [&] {
@@ -122,7 +135,6 @@ void BoardBenchmark::measureDialog(const QString &what, const std::function<std:
             m_watch.show(dialog.get());
         };
     });
-    print(what, statement, time, changeTarget);
 }
 
 void BoardBenchmark::measureOrderDialog(const QString &what, unsigned branch)

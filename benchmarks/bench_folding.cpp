@@ -9,7 +9,6 @@
 
 #include <QStandardItemModel>
 
-#include <ctime>
 #include <functional>
 #include <limits>
 
@@ -46,11 +45,6 @@ void fill(QStandardItemModel &grid, int columns, int rows, int moneyColumn)
             appendRow(grid, columns, cells);
         }
     }
-}
-
-double processorMilliseconds()
-{
-    return double(std::clock()) * 1000 / CLOCKS_PER_SEC;
 }
 
 /// Reads the cells that folding looks at, each once.

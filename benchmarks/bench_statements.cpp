@@ -137,8 +137,10 @@ void StatementBenchmark::run()
     printLine(
         QStringLiteral("| operation | rows | statement alone, ms | operation, ms | indexes |\n|---|---|---|---|---|"));
     const QVector<Operation> operations = menuOperations(m_firm) + orderOperations(m_firm);
-    for (const Operation &operation : operations)
-        measure(operation);
+    for (const Operation &operation : operations) {
+        if (m_firm.isWanted(operation.name))
+            measure(operation);
+    }
 }
 
 /// Writing operations are rolled back after each run.
@@ -152,20 +154,20 @@ void StatementBenchmark::measure(const Operation &operation)
     if (statements.isEmpty())
         qFatal("%s ran no statement", qPrintable(operation.name));
 
-    const double first = m_floor.median(statements.first(), 1);
-    const int runs = first > 100 ? 3 : 15;
+    const int runs = m_floor.once(statements.first()) > 100 ? 3 : m_firm.runs();
     const double floor = m_floor.median(statements.first(), runs);
-    const double time = medianOf(runs, [&] {
+    StepTimes times;
+    for (int run = 0; run < runs; ++run) {
         db.rollback();
         db.transaction();
-        return operation.run;
-    });
+        times.measure(operation.run);
+    }
     db.rollback();
     printLine(QStringLiteral("| %1 | %2 | %3 | %4 | %5 |")
                   .arg(operation.name)
                   .arg(m_floor.rows())
                   .arg(floor, 0, 'f', 1)
-                  .arg(time, 0, 'f', 1)
+                  .arg(median(times.elapsed), 0, 'f', 1)
                   .arg(indexes(m_firm.admin(), statements.first())));
 }
 

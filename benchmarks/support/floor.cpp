@@ -37,17 +37,24 @@ void Floor::run(const QByteArray &statement)
     }
 }
 
-double Floor::median(const QByteArray &statement, int runs)
+double Floor::once(const QByteArray &statement)
 {
-    int rowCount = 0;
-    const double time = medianOf(runs, [&] {
-        run("START TRANSACTION");
-        return [&] {
-            run(statement);
-            rowCount = m_rows;
-        };
-    });
+    run("START TRANSACTION");
+    QElapsedTimer timer;
+    timer.start();
+    run(statement);
+    const double time = double(timer.nsecsElapsed()) / 1e6;
+    const int rowCount = m_rows;
     run("ROLLBACK");
     m_rows = rowCount;
     return time;
+}
+
+double Floor::median(const QByteArray &statement, int runs)
+{
+    once(statement);
+    QVector<double> times;
+    for (int run = 0; run < runs; ++run)
+        times.append(once(statement));
+    return ::median(times);
 }

@@ -14,9 +14,11 @@ public:
     ~Floor();
     Q_DISABLE_COPY(Floor)
 
-    /// Runs the statement `runs` times and gives the median in milliseconds; ends the program when it fails. Statements
-    /// that write run in a transaction that is rolled back.
-    double median(const QByteArray &statement, int runs = 15);
+    /// Runs the statement once and gives the milliseconds it took; ends the program when it fails. A statement that
+    /// writes is rolled back.
+    double once(const QByteArray &statement);
+    /// The median of `runs` runs, after one that does not count.
+    double median(const QByteArray &statement, int runs);
     /// Rows of the statement that ran last.
     int rows() const { return m_rows; }
 

@@ -34,17 +34,26 @@ LargeFirm::LargeFirm()
 {
     qInstallMessageHandler(dropLogLine);
     QCommandLineParser arguments;
-    arguments.addOptions(
-        {{QStringLiteral("socket"), QStringLiteral("Socket of the server."), QStringLiteral("path")},
-         {QStringLiteral("database"), QStringLiteral("Name of the database."), QStringLiteral("name")}});
+    arguments.addOptions({
+        {QStringLiteral("socket"), QStringLiteral("Socket of the server."), QStringLiteral("path")},
+        {QStringLiteral("database"), QStringLiteral("Name of the database."), QStringLiteral("name")},
+        {QStringLiteral("only"), QStringLiteral("Measure the steps with this text in their name."),
+         QStringLiteral("text")},
+        {QStringLiteral("runs"), QStringLiteral("Measure each step so often."), QStringLiteral("number"),
+         QString::number(m_runs)},
+    });
     if (!arguments.parse(QCoreApplication::arguments()) || !arguments.isSet(QStringLiteral("socket"))
         || !arguments.isSet(QStringLiteral("database")))
-        qFatal("usage: %s --socket PATH --database NAME", qPrintable(QCoreApplication::applicationName()));
+        qFatal("usage: %s --socket PATH --database NAME [--only TEXT] [--runs N]",
+               qPrintable(QCoreApplication::applicationName()));
+    m_only = arguments.value(QStringLiteral("only"));
+    m_runs = qMax(1, arguments.value(QStringLiteral("runs")).toInt());
     m_socket = arguments.value(QStringLiteral("socket"));
     m_database = arguments.value(QStringLiteral("database"));
 
     open(QLatin1String(QSqlDatabase::defaultConnection), QStringLiteral("vianda"), m_socket, m_database);
     open(QStringLiteral("admin"), QStringLiteral("root"), m_socket, m_database);
+    execute(db(), QStringLiteral("SET NAMES utf8mb4"));
     execute(db(), QStringLiteral("SET SESSION sql_mode = REPLACE(@@sql_mode, 'ONLY_FULL_GROUP_BY', '')"));
     m_branchName = firstValue(db(), QStringLiteral("SELECT name FROM branches WHERE bid=%1").arg(branch())).toString();
     m_person = firstValue(db(),

@@ -14,6 +14,10 @@ public:
     /// fails. Log lines of the module are dropped from here on.
     LargeFirm();
 
+    /// Whether a step of this name is asked for: all are, unless "--only TEXT" names a part of those that are.
+    bool isWanted(const QString &name) const { return name.contains(m_only); }
+    /// How often each step is measured: "--runs N", 15 by default.
+    int runs() const { return m_runs; }
     QString socket() const { return m_socket; }
     QString database() const { return m_database; }
     /// The module's connection.
@@ -34,6 +38,8 @@ public:
     unsigned item() const { return m_item; }
 
 private:
+    QString m_only;
+    int m_runs = 15;
     QString m_socket;
     QString m_database;
     QString m_branchName;

@@ -11,6 +11,7 @@
 #include "ui_dialogmenu.h"
 
 #include <QDebug>
+#include <QEvent>
 #include <QShortcut>
 #include <QStandardItemModel>
 #include <QTimer>
@@ -72,6 +73,7 @@ void DialogMenu::setUpViews()
     m_ui->tableViewMenu->setModel(m_menuProxy);
     m_ui->tableViewMenu->setItemDelegate(new LimitDelegate(this));
     m_ui->tableViewMenu->setColumnHidden(TotalColumn, true);
+    m_ui->tableViewMenu->viewport()->installEventFilter(this);
     m_menuProxy->invalidate();
     // The keyboard's way to a double click.
     for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
@@ -186,8 +188,9 @@ void DialogMenu::keyPressEvent(QKeyEvent *event)
         QDialog::keyPressEvent(event);
 }
 
-void DialogMenu::resizeEvent(QResizeEvent *event)
+bool DialogMenu::eventFilter(QObject *watched, QEvent *event)
 {
-    QDialog::resizeEvent(event);
-    setTableMenuCols();
+    if (watched == m_ui->tableViewMenu->viewport() && event->type() == QEvent::Resize)
+        setTableMenuCols();
+    return QDialog::eventFilter(watched, event);
 }

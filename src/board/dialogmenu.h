@@ -59,8 +59,9 @@ public slots:
     void setTableMenuCols();
 
 protected:
+    /// Lets the name column follow the table's width.
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void setTitles(const QString &segmentName);

@@ -62,10 +62,10 @@ void openQuantity(QStandardItem &cell)
     cell.setBackground(Qt::white);
 }
 
+/// The grid tells nobody of a text that stays the same.
 void write(QStandardItemModel &grid, int row, int column, const QString &value)
 {
-    if (text(grid, row, column) != value)
-        grid.setData(grid.index(row, column), value);
+    grid.setData(grid.index(row, column), value);
 }
 
 void writeMoney(QStandardItemModel &grid, int row, double money, const QString &currencySymbol)

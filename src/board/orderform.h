@@ -41,8 +41,7 @@ QVector<OrderRecord> orders(const QStandardItemModel &grid, unsigned uid);
 
 /// Sums the form anew from quantities and prices. Every food's money becomes quantity × price; every heading's quantity
 /// and money the sums over the foods of its type below it; the last row's the sums over all headings. Money is written
-/// with two decimals, a blank and `currencySymbol`. A cell whose text stays the same is not written, so that a view
-/// hears of real changes only.
+/// with two decimals, a blank and `currencySymbol`. A view hears of the cells whose text changes and of no other.
 void recalculate(QStandardItemModel &grid, const QString &currencySymbol);
 
 } // namespace OrderForm

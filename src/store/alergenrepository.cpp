@@ -4,7 +4,7 @@
 
 AlergenRepository::AlergenRepository(QSqlDatabase db, QObject *parent)
     : QObject(parent)
-    , m_db(std::move(db))
+    , m_db(db)
 {
 }
 

@@ -63,7 +63,7 @@ QList<QStandardItem *> catalogueRow(const QSqlQuery &row)
 
 FoodRepository::FoodRepository(QSqlDatabase db, QObject *parent)
     : QObject(parent)
-    , m_db(std::move(db))
+    , m_db(db)
 {
 }
 

@@ -29,7 +29,7 @@ SqlValues slotValues(QDate date, uint segmentID, uint bid)
 
 OrderableRepository::OrderableRepository(QSqlDatabase db, QObject *parent)
     : QObject(parent)
-    , m_db(std::move(db))
+    , m_db(db)
 {
 }
 

@@ -8,7 +8,7 @@
 
 OrderRepository::OrderRepository(QSqlDatabase db, QObject *parent)
     : QObject(parent)
-    , m_db(std::move(db))
+    , m_db(db)
 {
 }
 

@@ -19,7 +19,7 @@ SqlValues valuesOf(const SegmentRecord &segment)
 
 SegmentRepository::SegmentRepository(QSqlDatabase db, QObject *parent)
     : QObject(parent)
-    , m_db(std::move(db))
+    , m_db(db)
 {
 }
 

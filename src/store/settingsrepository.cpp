@@ -39,7 +39,7 @@ bool writeEntry(SqlOperation &operation, const QString &key, const QVariant &val
 
 SettingsRepository::SettingsRepository(QSqlDatabase db, QObject *parent)
     : QObject(parent)
-    , m_db(std::move(db))
+    , m_db(db)
 {
 }
 

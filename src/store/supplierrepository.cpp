@@ -26,7 +26,7 @@ SqlValues valuesOf(const SupplierTime &time)
 
 SupplierRepository::SupplierRepository(QSqlDatabase db, QObject *parent)
     : QObject(parent)
-    , m_db(std::move(db))
+    , m_db(db)
 {
 }
 

@@ -18,7 +18,7 @@ SqlValues valuesOf(const TypeRecord &type)
 
 TypeRepository::TypeRepository(QSqlDatabase db, QObject *parent)
     : QObject(parent)
-    , m_db(std::move(db))
+    , m_db(db)
 {
 }
 

@@ -111,6 +111,16 @@ void TestDialogMenuInput::worksByKeyboard()
     QTest::keyClick(editor.list(), Qt::Key_Return);
     QCOMPARE(editor.menu().constLast(), QStringLiteral("DOD jedlo 31"));
     QVERIFY(editor.list()->hasFocus());
+    editor.filter()->clear();
+    editor.selectFood(QStringLiteral("DOD jedlo 11"));
+    editor.tool("toolButtonR")->setFocus();
+    QTest::keyClick(editor.tool("toolButtonR"), Qt::Key_Space);
+    QCOMPARE(editor.menu().at(1), QStringLiteral("DOD jedlo 11"));
+    QVERIFY(editor.list()->hasFocus());
+    editor.selectItem(QStringLiteral("DOD jedlo 11"));
+    editor.tool("toolButtonL")->setFocus();
+    QTest::keyClick(editor.tool("toolButtonL"), Qt::Key_Space);
+    QCOMPARE(editor.menu().at(1), QStringLiteral("DOD jedlo 12"));
     editor.selectItem(QStringLiteral("DOD jedlo 22"));
     editor.tool("toolButtonD")->setFocus();
     QTest::keyClick(editor.tool("toolButtonD"), Qt::Key_Space);

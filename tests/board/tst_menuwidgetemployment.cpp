@@ -71,7 +71,7 @@ void TestMenuWidgetEmployment::init()
     m_soup = m_data.food(QStringLiteral("Polievka"), m_data.type(QStringLiteral("Polievky"), 1),
                          m_data.supplier(QStringLiteral("GA")));
     // The oldest week of the list, far enough back for every week that a test may pick.
-    m_data.item(m_soup, m_obed, m_thisThursday.addDays(-10 * 7));
+    m_data.item(m_soup, m_obed, m_thisThursday.addDays(-70));
 }
 
 void TestMenuWidgetEmployment::cleanup()

@@ -78,7 +78,8 @@ void TestMenuWidgetFailures::cleanup()
     QSqlDatabase connection = m_database.db();
     connection.close();
     QVERIFY(connection.open());
-    QSqlQuery(QStringLiteral("SET SESSION sql_mode = REPLACE(@@sql_mode, 'ONLY_FULL_GROUP_BY', '')"), connection);
+    QSqlQuery session(connection);
+    QVERIFY(session.exec(QStringLiteral("SET SESSION sql_mode = REPLACE(@@sql_mode, 'ONLY_FULL_GROUP_BY', '')")));
     m_data.clear();
 }
 

@@ -56,7 +56,7 @@ void TestMenuWidgetWeeks::init()
                          m_data.supplier(QStringLiteral("GA")));
     // From 4 weeks ahead to 3 weeks ago: rows 0 to 7.
     for (int week = -3; week <= 4; ++week)
-        m_data.item(m_food, m_obed, WeekList::thursdayOf(QDate::currentDate()).addDays(week * 7));
+        m_data.item(m_food, m_obed, WeekList::thursdayOf(QDate::currentDate()).addDays(qint64(7) * week));
     m_data.person(1, QStringLiteral("Adamec"), QStringLiteral("Ján"));
 }
 
@@ -80,7 +80,7 @@ void TestMenuWidgetWeeks::weekOfTheRowIsShown()
     QCOMPARE(page.weeks()->count(), 8);
     page.weeks()->setCurrentIndex(row == 4 ? 0 : 4);
     page.weeks()->setCurrentIndex(row);
-    const QDate day = QDate::currentDate().addDays((4 - row) * 7);
+    const QDate day = QDate::currentDate().addDays(qint64(7) * (4 - row));
     QCOMPARE(page.dates(), weekDates(day));
     QCOMPARE(page.weeks()->currentText(), WeekList::text(WeekList::thursdayOf(day)));
     QCOMPARE(BoardPage::rowsOf(page.card(3)).size(), 2);
@@ -127,7 +127,7 @@ void TestMenuWidgetWeeks::arrowsDoNotLeaveTheList()
         QCOMPARE(page.arrows(), QStringLiteral("<>"));
         page.button(row == 0 ? "toolButtonR" : "toolButtonL")->click();
         QCOMPARE(page.weeks()->currentIndex(), row);
-        QCOMPARE(page.dates(), weekDates(QDate::currentDate().addDays((4 - row) * 7)));
+        QCOMPARE(page.dates(), weekDates(QDate::currentDate().addDays(qint64(7) * (4 - row))));
     }
 }
 

@@ -35,6 +35,7 @@ private slots:
     void sumsFollowEveryChange();
     void okWaitsForAChange();
     void recalculationTellsTheViewLittle();
+    void manyChangesStayQuick();
     void squareButtonColumns();
     void buttonsOfTheGrid();
     void modelKeepsItsContract();
@@ -260,6 +261,15 @@ void TestOrderDialog::recalculationTellsTheViewLittle()
     QVERIFY(changes.isValid());
     entry.setQuantity(21, QStringLiteral("1"));
     QCOMPARE(changes.count(), 6); // the quantity, its money, both sums of its heading and of the form
+}
+
+void TestOrderDialog::manyChangesStayQuick()
+{
+    m_data->item(21, 1, 1);
+    const OrderEntry entry(m_database->db());
+    for (int quantity = 1; quantity <= 60; ++quantity)
+        entry.setQuantity(21, QString::number(quantity));
+    QCOMPARE(entry.rows().constLast(), QStringLiteral("Celkom: 60, 210.00 ") + QLocale().currencySymbol());
 }
 
 void TestOrderDialog::squareButtonColumns()

@@ -40,7 +40,9 @@ void TestSchema::initTestCase()
 
 void TestSchema::init()
 {
-    m_database->clear();
+    for (const char *table : {"via_branchmails", "via_suppliermails", "via_orderables", "via_foods", "via_segments",
+                              "via_alergens", "via_suppliers", "via_types", "vars", "people"})
+        m_database->exec(QStringLiteral("DELETE FROM ") + QLatin1String(table));
     m_database->exec(QStringLiteral("INSERT INTO via_types (typeID, name) VALUES (1, 'Polievka')"));
     m_database->exec(QStringLiteral("INSERT INTO via_suppliers (supplierID, name) VALUES (1, 'Jedáleň')"));
     m_database->exec(QStringLiteral("INSERT INTO via_segments (segmentID, name) VALUES (1, 'Obed')"));

@@ -41,7 +41,11 @@ void TestSchemaKeys::initTestCase()
 
 void TestSchemaKeys::init()
 {
-    m_database->clear();
+    // Rows below have their keys, so emptying the tables is enough, and faster than starting the keys anew.
+    for (const char *table : {"via_promailsdelay", "via_branchmails", "via_suppliermails", "via_supplierbranch",
+                              "via_orders", "via_orderables", "via_foodalergen", "via_foods", "via_segments",
+                              "via_alergens", "via_suppliers", "via_types", "vars"})
+        m_database->exec(QStringLiteral("DELETE FROM ") + QLatin1String(table));
     const char *const rows[] = {
         "INSERT INTO via_types (typeID, name, position) VALUES (1, 'Polievka', 1), (2, 'Hlavné jedlo', 2)",
         "INSERT INTO via_suppliers (supplierID, name) VALUES (1, 'Jedáleň'), (2, 'Pekáreň'), (3, 'Bufet')",
