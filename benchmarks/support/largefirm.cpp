@@ -55,16 +55,24 @@ LargeFirm::LargeFirm()
     open(QStringLiteral("admin"), QStringLiteral("root"), m_socket, m_database);
     execute(db(), QStringLiteral("SET NAMES utf8mb4"));
     execute(db(), QStringLiteral("SET SESSION sql_mode = REPLACE(@@sql_mode, 'ONLY_FULL_GROUP_BY', '')"));
-    m_branchName = firstValue(db(), QStringLiteral("SELECT name FROM branches WHERE bid=%1").arg(branch())).toString();
-    m_person = firstValue(db(),
-                          QStringLiteral("SELECT uid FROM people JOIN brape USING (uid) WHERE bid=%1 AND status > 0"
-                                         " AND `end` IS NULL ORDER BY uid LIMIT 1")
-                              .arg(branch()))
-                   .toInt();
+    choose();
+}
+
+void LargeFirm::choose()
+{
+    m_branch = firstValue(db(), QStringLiteral("SELECT IFNULL(MIN(bid), 0) FROM via_orderables")).toUInt();
+    QString people = QStringLiteral("SELECT uid FROM people WHERE status > 0 AND `end` IS NULL");
+    QString ofBranch = QStringLiteral("bid IS NULL");
+    if (m_branch > 0) {
+        ofBranch = QStringLiteral("bid = %1").arg(m_branch);
+        m_branchName = firstValue(db(), QStringLiteral("SELECT name FROM branches WHERE ") + ofBranch).toString();
+        people += QStringLiteral(" AND uid IN (SELECT uid FROM brape WHERE %1)").arg(ofBranch);
+    }
+    m_person = firstValue(db(), people + QStringLiteral(" ORDER BY uid LIMIT 1")).toInt();
     m_item = firstValue(db(),
-                        QStringLiteral("SELECT orderableID FROM via_orderables WHERE bid=%1 AND segmentID=%2"
-                                       " AND date='%3' ORDER BY position LIMIT 1")
-                            .arg(branch())
+                        QStringLiteral("SELECT orderableID FROM via_orderables WHERE %1 AND segmentID = %2"
+                                       " AND date = '%3' ORDER BY position LIMIT 1")
+                            .arg(ofBranch)
                             .arg(segment())
                             .arg(lockedDay().toString(Qt::ISODate)))
                  .toUInt();

@@ -25,10 +25,10 @@ public:
     /// A connection of the server's administrator.
     QSqlDatabase admin() const { return QSqlDatabase::database(QStringLiteral("admin")); }
 
-    /// A branch with a menu of its own, and its name.
-    unsigned branch() const { return 3; }
+    /// A branch with a menu of its own, and its name; 0 and nothing for a firm that plans for all branches only.
+    unsigned branch() const { return m_branch; }
     QString branchName() const { return m_branchName; }
-    /// A person of that branch who works without end.
+    /// A person of that branch (of any, for 0) who works without end.
     int person() const { return m_person; }
     /// The slot and the day that the dialogs open: locked for orders, and open for editing.
     unsigned segment() const { return 2; }
@@ -38,10 +38,13 @@ public:
     unsigned item() const { return m_item; }
 
 private:
+    void choose();
+
     QString m_only;
     int m_runs = 15;
     QString m_socket;
     QString m_database;
+    unsigned m_branch = 0;
     QString m_branchName;
     int m_person = 0;
     unsigned m_item = 0;

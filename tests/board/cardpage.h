@@ -9,12 +9,15 @@
 #include <QToolButton>
 
 /// The Monday of the test cards; an even day.
-const QDate monday(2020, 3, 16);
+inline QDate monday()
+{
+    return {2020, 3, 16};
+}
 
 /// A card of service slot 7 without a database.
 class Card : public DayMenuWidget {
 public:
-    explicit Card(QDate date = monday, int person = -1)
+    explicit Card(QDate date = monday(), int person = -1)
         : DayMenuWidget(date, QStringLiteral("Obed"), 7, person, 1, 0, QSqlDatabase(), nullptr, nullptr)
     {
     }

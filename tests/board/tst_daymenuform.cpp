@@ -135,8 +135,8 @@ void TestDayMenuForm::evenDaysHaveTheirOwnStyle_data()
 void TestDayMenuForm::evenDaysHaveTheirOwnStyle()
 {
     QFETCH(QString, widget);
-    Card even(monday);
-    const Card odd(monday.addDays(1));
+    Card even(monday());
+    const Card odd(monday().addDays(1));
     QTEST(even.findChild<QWidget *>(widget)->styleSheet(), "sheet");
     QCOMPARE(odd.findChild<QWidget *>(widget)->styleSheet(), QString());
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
@@ -145,7 +145,7 @@ void TestDayMenuForm::evenDaysHaveTheirOwnStyle()
     }
     QCOMPARE(find<QToolButton>(even, "toolButCopy")->styleSheet(), QString());
     // The columns of a board alternate; a change of week does not exchange them.
-    even.setDate(monday.addDays(7));
+    even.setDate(monday().addDays(7));
     QTEST(even.findChild<QWidget *>(widget)->styleSheet(), "sheet");
 }
 
@@ -173,7 +173,7 @@ void TestDayMenuForm::setLabelTakesThePlaceOfDayAndDate()
     QVERIFY(!day->isHidden());
     QCOMPARE(date->text(), QStringLiteral("mimo pracovný pomer"));
 
-    card.setDate(monday);
+    card.setDate(monday());
     QCOMPARE(date->text(), QStringLiteral("16. 3. 2020"));
     QVERIFY(date->alignment() & Qt::AlignHCenter);
 }
@@ -193,7 +193,7 @@ void TestDayMenuForm::tableHeight()
     CellGrid grid;
     grid.addHeading(QStringLiteral("Polievky"));
     for (int food = 1; food <= 5; ++food)
-        grid.addFood(food, 7, monday);
+        grid.addFood(food, 7, monday());
     Card card;
     card.setMenuModel(&grid);
     const auto *table = find<QTableView>(card, "tableView");
@@ -211,7 +211,7 @@ void TestDayMenuForm::preferredHeight()
 {
     CellGrid grid;
     grid.addHeading(QStringLiteral("Polievky"));
-    grid.addFood(1, 7, monday);
+    grid.addFood(1, 7, monday());
     Card card;
     const auto *table = find<QTableView>(card, "tableView");
     const int rest = table->horizontalHeader()->minimumSectionSize() + 4 + find<QWidget>(card, "sumWidget")->height();
@@ -238,7 +238,7 @@ void TestDayMenuForm::heightFollowsTheFont()
 {
     CellGrid grid;
     for (int food = 1; food <= 3; ++food)
-        grid.addFood(food, 7, monday);
+        grid.addFood(food, 7, monday());
     Card card;
     card.setMenuModel(&grid);
     auto *table = find<QTableView>(card, "tableView");
@@ -265,7 +265,7 @@ void TestDayMenuForm::hostileSlotNamesStayOneLineOfPlainText_data()
 void TestDayMenuForm::hostileSlotNamesStayOneLineOfPlainText()
 {
     QFETCH(QString, name);
-    DayMenuWidget card(monday, name, 7, -1, 1, 0, QSqlDatabase(), nullptr, nullptr);
+    DayMenuWidget card(monday(), name, 7, -1, 1, 0, QSqlDatabase(), nullptr, nullptr);
     const auto *label = find<QLabel>(card, "labelSegment");
     QCOMPARE(label->text(), ' ' + name);
     QCOMPARE(label->textFormat(), Qt::PlainText);

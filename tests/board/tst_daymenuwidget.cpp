@@ -43,12 +43,12 @@ void TestDayMenuWidget::setMenuModelShowsTheCell()
 {
     CellGrid grid;
     grid.addHeading(QStringLiteral("Polievky"));
-    grid.addFood(1, 7, monday, 1, QStringLiteral("4"));
-    grid.addFood(2, 7, monday.addDays(1), 1);
+    grid.addFood(1, 7, monday(), 1, QStringLiteral("4"));
+    grid.addFood(2, 7, monday().addDays(1), 1);
     grid.addHeading(QStringLiteral("Hlavné jedlá"));
-    grid.addFood(3, 8, monday, 1);
+    grid.addFood(3, 8, monday(), 1);
     grid.addHeading(QStringLiteral("Dezerty"));
-    grid.addFood(4, 7, monday, 1);
+    grid.addFood(4, 7, monday(), 1);
     Card card;
     const QSignalSpy heightChanged(&card, &DayMenuWidget::heightchanged);
     const QSignalSpy resetModel(&card, &DayMenuWidget::resetmodel);
@@ -58,7 +58,7 @@ void TestDayMenuWidget::setMenuModelShowsTheCell()
     QCOMPARE(heightChanged.count(), 1);
     QCOMPARE(resetModel.count(), 0);
 
-    card.setDate(monday.addDays(1));
+    card.setDate(monday().addDays(1));
     card.setMenuModel(&grid);
     QCOMPARE(rows(card), (QStringList{"Polievky| ", "food 2|"}));
     QCOMPARE(heightChanged.count(), 2);
@@ -68,9 +68,9 @@ void TestDayMenuWidget::aPersonsCellShowsOrderedFoodsOnly()
 {
     CellGrid grid;
     grid.addHeading(QStringLiteral("Polievky"));
-    grid.addFood(1, 7, monday, 1);
+    grid.addFood(1, 7, monday(), 1);
     grid.addHeading(QStringLiteral("Hlavné jedlá"));
-    grid.addFood(2, 7, monday, 1, QStringLiteral("2"));
+    grid.addFood(2, 7, monday(), 1, QStringLiteral("2"));
     Card card;
     card.setPerson(5);
     card.setMenuModel(&grid);
@@ -87,7 +87,7 @@ void TestDayMenuWidget::sameGridCanBeShownAgainAfterAChange()
     Card card;
     card.setMenuModel(&grid);
     QCOMPARE(rows(card), QStringList());
-    grid.addFood(1, 7, monday);
+    grid.addFood(1, 7, monday());
     card.setMenuModel(&grid);
     QCOMPARE(rows(card), (QStringList{"Polievky| ", "food 1|"}));
 }
@@ -95,7 +95,7 @@ void TestDayMenuWidget::sameGridCanBeShownAgainAfterAChange()
 void TestDayMenuWidget::headerSections()
 {
     CellGrid grid;
-    grid.addFood(1, 7, monday, 1);
+    grid.addFood(1, 7, monday(), 1);
     Card card;
     card.setOrderLimitEnabled(true);
     card.resize(300, 200);
@@ -111,7 +111,7 @@ void TestDayMenuWidget::headerSections()
     // A grid that was cleared in between takes the header's sections along.
     grid.clear();
     CellGrid next;
-    next.addFood(1, 7, monday, 1);
+    next.addFood(1, 7, monday(), 1);
     card.setMenuModel(&next);
     QCOMPARE(table->horizontalHeader()->sectionResizeMode(0), QHeaderView::Stretch);
     QCOMPARE(table->columnWidth(1), 30);
@@ -121,7 +121,7 @@ void TestDayMenuWidget::headerSections()
 void TestDayMenuWidget::orderLimitColumnComesWithTheNextModel()
 {
     CellGrid grid;
-    grid.addFood(1, 7, monday);
+    grid.addFood(1, 7, monday());
     Card card;
     card.setMenuModel(&grid);
     const auto *table = find<QTableView>(card, "tableView");
@@ -228,8 +228,8 @@ void TestDayMenuWidget::sumOfOrders()
     CellGrid grid;
     grid.addHeading(QStringLiteral("Polievky"));
     for (int i = 0; i < totals.size(); ++i)
-        grid.addFood(i + 1, 7, monday, 1, totals.at(i));
-    grid.addFood(99, 8, monday, 1, QStringLiteral("1000"));
+        grid.addFood(i + 1, 7, monday(), 1, totals.at(i));
+    grid.addFood(99, 8, monday(), 1, QStringLiteral("1000"));
     Card card;
     card.setMenuModel(&grid);
     QTEST(find<QLabel>(card, "labelSumOrders")->text(), "sum");
@@ -338,8 +338,8 @@ void TestDayMenuWidget::printoutCountsTheShownRows()
 {
     CellGrid grid;
     grid.addHeading(QStringLiteral("Polievky"));
-    grid.addFood(1, 7, monday);
-    grid.addFood(2, 8, monday);
+    grid.addFood(1, 7, monday());
+    grid.addFood(2, 8, monday());
     Card card;
     card.setMenuModel(&grid);
     DataSetInfo info;
@@ -350,7 +350,7 @@ void TestDayMenuWidget::printoutCountsTheShownRows()
 void TestDayMenuWidget::survivesTheGridsEnd()
 {
     auto grid = std::make_unique<CellGrid>();
-    grid->addFood(1, 7, monday, 1, QStringLiteral("2"));
+    grid->addFood(1, 7, monday(), 1, QStringLiteral("2"));
     Card card;
     card.setMenuModel(grid.get());
     const QModelIndex food = find<QTableView>(card, "tableView")->model()->index(0, 0);
