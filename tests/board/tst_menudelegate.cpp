@@ -143,8 +143,8 @@ void TestMenuDelegate::pixels_data()
     QTest::addColumn<int>("row");
     QTest::addColumn<int>("column");
     QTest::addColumn<QColor>("colour");
-    QTest::newRow("heading") << 0 << 0 << QColor("#a5e5ff");
-    QTest::newRow("another cell of a heading's row") << 0 << 1 << QColor("#a5e5ff");
+    QTest::newRow("heading") << 0 << 0 << QColor(0xa5, 0xe5, 0xff);
+    QTest::newRow("another cell of a heading's row") << 0 << 1 << QColor(0xa5, 0xe5, 0xff);
     QTest::newRow("food") << 1 << 0 << QColor(Qt::white);
     QTest::newRow("another cell of a food's row") << 1 << 1 << QColor(Qt::white);
 }

@@ -39,7 +39,10 @@ public:
             qFatal("%s", qPrintable(m_loader.errorString()));
         plugin->setDatabase(db);
         plugin->setOptions(options);
-        connect(m_loader.instance(), SIGNAL(sigSetCurrentWidget(QWidget *)), this, SLOT(show(QWidget *)));
+        // By name, as a host that shares no class with the plug-in must. clang-format would spoil the normalized form.
+        // clang-format off
+        connect(m_loader.instance(), SIGNAL(sigSetCurrentWidget(QWidget*)), this, SLOT(show(QWidget*)));
+        // clang-format on
         m_menu.reset(plugin->menu());
     }
 
