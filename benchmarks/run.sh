@@ -1,7 +1,8 @@
 #!/bin/bash
 # Runs the measuring programs of the release build on a database of benchmarks/largefirm.sh:
 #   benchmarks/run.sh DIR DATABASE [PROGRAM [ARGUMENTS]]     all of them by default; BUILD=folder for another build
-# Arguments of bench_board and bench_statements: --only TEXT (the steps with this text in their name), --runs N.
+# bench_catalogue writes to the catalogue and wants a database of its own, of few menu items and 10,000 foods.
+# Arguments of bench_board, bench_catalogue and bench_statements: --only TEXT (the steps with this text in their name), --runs N.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 

@@ -172,7 +172,9 @@ CREATE TABLE via_suppliermails (
   mail           TEXT NOT NULL,
   mailHash       BINARY(32) GENERATED ALWAYS AS (UNHEX(SHA2(mail, 256))) STORED,
   PRIMARY KEY (supplierMailID),
-  UNIQUE KEY owner_mail (supplierID, mailHash),
+  UNIQUE KEY owner_mail (mailHash, supplierID),
+  -- Read along this one, a supplier's mails come in the order in which they were entered.
+  KEY supplierID (supplierID),
   CONSTRAINT via_suppliermails_supplier FOREIGN KEY (supplierID) REFERENCES via_suppliers (supplierID) ON DELETE CASCADE
 ) ENGINE = InnoDB DEFAULT CHARACTER SET utf8mb4 COLLATE utf8mb4_slovak_ci;
 

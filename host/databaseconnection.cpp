@@ -9,7 +9,13 @@
 
 namespace {
 
-const QLatin1String connectionName("host");
+/// The module works on the handle that it is given, but its export of foods reads over the default connection: it has
+/// to be the same one.
+QLatin1String connectionName()
+{
+    return QLatin1String(QSqlDatabase::defaultConnection);
+}
+
 const QLatin1String fullGroupBy("ONLY_FULL_GROUP_BY");
 
 QString tr(const char *text)
@@ -45,7 +51,7 @@ QString describe(const DatabaseOptions &options)
 
 QSqlDatabase makeConnection(const DatabaseOptions &options)
 {
-    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QMYSQL"), connectionName);
+    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QMYSQL"), connectionName());
     db.setDatabaseName(options.name);
     db.setUserName(options.user);
     db.setPassword(options.password);
@@ -124,13 +130,13 @@ DatabaseConnection::DatabaseConnection(const DatabaseOptions &options)
 
 DatabaseConnection::~DatabaseConnection()
 {
-    QSqlDatabase::database(connectionName, false).close();
-    QSqlDatabase::removeDatabase(connectionName);
+    QSqlDatabase::database(connectionName(), false).close();
+    QSqlDatabase::removeDatabase(connectionName());
 }
 
 QSqlDatabase DatabaseConnection::handle() const
 {
-    return QSqlDatabase::database(connectionName, false);
+    return QSqlDatabase::database(connectionName(), false);
 }
 
 bool DatabaseConnection::isOpen() const

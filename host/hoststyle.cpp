@@ -36,7 +36,7 @@ QFont uiFont()
 QPalette uiPalette()
 {
     const QColor ink(0x25, 0x2c, 0x35);
-    const QColor faded(0x93, 0x9d, 0xa8);
+    const QColor faded(0x8d, 0x97, 0xa1);
     QPalette palette(QColor(0xee, 0xf2, 0xf6));
     palette.setColor(QPalette::Base, Qt::white);
     palette.setColor(QPalette::AlternateBase, QColor(0xf6, 0xf8, 0xfa));

@@ -50,6 +50,15 @@ double Floor::once(const QByteArray &statement)
     return time;
 }
 
+double Floor::all(const QVector<QByteArray> &statements)
+{
+    QElapsedTimer timer;
+    timer.start();
+    for (const QByteArray &statement : statements)
+        run(statement);
+    return double(timer.nsecsElapsed()) / 1e6;
+}
+
 double Floor::median(const QByteArray &statement, int runs)
 {
     once(statement);

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QVector>
 
 #include <memory>
 
@@ -17,6 +18,8 @@ public:
     /// Runs the statement once and gives the milliseconds it took; ends the program when it fails. A statement that
     /// writes is rolled back.
     double once(const QByteArray &statement);
+    /// Runs the statements one by one, each committed by itself, and gives the milliseconds they took together.
+    double all(const QVector<QByteArray> &statements);
     /// The median of `runs` runs, after one that does not count.
     double median(const QByteArray &statement, int runs);
     /// Rows of the statement that ran last.

@@ -4,8 +4,6 @@
 #include "board/dialogcopymenuofday.h"
 #include "board/dialogfoodorders.h"
 #include "board/dialogmenu.h"
-#include "board/execdialog.h"
-#include "board/images.h"
 #include "board/menudelegate.h"
 #include "board/orderdialog.h"
 #include "models/daymenuproxymodel.h"
@@ -14,6 +12,8 @@
 #include "session/session.h"
 #include "store/orderablerepository.h"
 #include "ui_daymenuwidget.h"
+#include "widgets/execdialog.h"
+#include "widgets/images.h"
 
 #include <QDebug>
 #include <QEvent>

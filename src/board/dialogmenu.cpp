@@ -1,17 +1,21 @@
 #include "board/dialogmenu.h"
 
-#include "board/enterkey.h"
 #include "board/limitdelegate.h"
 #include "board/menuarrangement.h"
+#include "catalogue/dialogfood.h"
 #include "models/foodproxymodel.h"
 #include "models/menuproxymodel.h"
 #include "session/menucolumns.h"
 #include "store/foodrepository.h"
 #include "store/orderablerepository.h"
+#include "store/typerepository.h"
 #include "ui_dialogmenu.h"
+#include "widgets/enterkey.h"
+#include "widgets/execdialog.h"
 
 #include <QDebug>
 #include <QEvent>
+#include <QPointer>
 #include <QShortcut>
 #include <QStandardItemModel>
 #include <QTimer>
@@ -174,7 +178,16 @@ void DialogMenu::moveMenuRow(bool (*exchange)(QStandardItemModel &, int), int ro
 
 void DialogMenu::on_pushButtonAddFood_clicked()
 {
-    // The editor for a new food opens here; what it stores joins the food rows.
+    const QPointer<DialogMenu> self(this);
+    if (execDialog<DialogFood>(FoodRecord(), m_db, this) <= 0 || !self)
+        return;
+    qDebug() << "saving new and refreshing";
+    const FoodRecord food = m_foodRepository->loadFood(m_foodRepository->loadLastfoodID());
+    const TypeRecord type = TypeRepository(m_db).loadType(food.typeID);
+    m_foodRows->appendRow(MenuArrangement::newFoodRow(food, type.position));
+    m_foodProxy->setSourceModel(m_foodRows);
+    m_foodProxy->invalidate();
+    showAddFood(m_foodProxy->rowCount() == 0);
 }
 
 void DialogMenu::setTableMenuCols()

@@ -54,6 +54,8 @@ public slots:
     void on_toolButtonL_clicked();
     void on_toolButtonU_clicked();
     void on_toolButtonD_clicked();
+    /// Offers the editor for a new food, which stores it itself; the food then joins the list, without its supplier's
+    /// mark. Logs "saving new and refreshing".
     void on_pushButtonAddFood_clicked();
     /// Gives the name column the table's width but for the limit's 59 pixels.
     void setTableMenuCols();

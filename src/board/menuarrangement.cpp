@@ -1,12 +1,14 @@
 #include "board/menuarrangement.h"
 
 #include "session/menucolumns.h"
+#include "store/foodrepository.h"
 
 #include <QBrush>
 #include <QColor>
 #include <QFont>
 #include <QStandardItemModel>
 #include <QString>
+#include <QVariant>
 
 #include <algorithm>
 
@@ -100,6 +102,19 @@ void split(QStandardItemModel &menu, QStandardItemModel &foods, const QString &o
         prependShortcut(*offMenu.last().at(MenuColumn::Name), *offMenu.last().at(MenuColumn::Shortcut));
     }
     std::for_each(offMenu.crbegin(), offMenu.crend(), [&foods](const auto &row) { foods.appendRow(row); });
+}
+
+QList<QStandardItem *> newFoodRow(const FoodRecord &food, uint typePosition)
+{
+    QList<QStandardItem *> row;
+    for (int column = MenuColumn::FoodId; column <= MenuColumn::Total; ++column)
+        row.append(new QStandardItem);
+    row.at(MenuColumn::FoodId)->setText(QString::number(food.foodID));
+    row.at(MenuColumn::TypeId)->setText(QString::number(typePosition));
+    row.at(MenuColumn::Name)->setText(food.name);
+    row.at(MenuColumn::Price)->setText(QVariant(food.price).toString());
+    row.at(MenuColumn::Total)->setText(QStringLiteral("0"));
+    return row;
 }
 
 bool add(QStandardItemModel &foods, int food, QStandardItemModel &menu)

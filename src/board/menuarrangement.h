@@ -2,8 +2,11 @@
 
 #include "store/orderablerepository.h"
 
+#include <QList>
 #include <QVector>
 
+struct FoodRecord;
+class QStandardItem;
 class QStandardItemModel;
 class QString;
 
@@ -20,6 +23,10 @@ namespace MenuArrangement {
 /// (headings have no mark, so theirs begins with the blank), sets headings in larger bold type, and marks each item
 /// that has orders: red name with `orderedToolTip`, food -1, which bars it from removal.
 void split(QStandardItemModel &menu, QStandardItemModel &foods, const QString &orderedToolTip);
+
+/// A row of `foods` for a food that was just added to the catalogue, owned by the caller: the food's key, the position
+/// of its type, its name without a mark, the price and no portions; the menu's columns are empty.
+QList<QStandardItem *> newFoodRow(const FoodRecord &food, uint typePosition);
 
 /// Takes row `food` out of `foods` and inserts it below the first row of `menu` with the same type position: the type's
 /// heading, since headings come first. False, with nothing changed, when there is none.

@@ -2,7 +2,6 @@
 
 #include "board/cardgrid.h"
 #include "board/daymenuwidget.h"
-#include "board/images.h"
 #include "board/weeklist.h"
 #include "models/branchmodel.h"
 #include "models/monthlyoverviewmodel.h"
@@ -15,6 +14,7 @@
 #include "store/settingsrepository.h"
 #include "store/typerepository.h"
 #include "ui_menuwidget.h"
+#include "widgets/images.h"
 
 #include <QActionGroup>
 #include <QDebug>

@@ -1,6 +1,5 @@
 #include "board/orderdialog.h"
 
-#include "board/enterkey.h"
 #include "board/orderbox.h"
 #include "board/orderform.h"
 #include "board/totaldelegate.h"
@@ -10,6 +9,7 @@
 #include "store/foodrepository.h"
 #include "store/orderrepository.h"
 #include "ui_orderdialog.h"
+#include "widgets/enterkey.h"
 
 #include <QDateTime>
 #include <QDebug>

@@ -19,6 +19,8 @@ void FoodProxyModel::textCatcher(const QString &text)
 
 void FoodProxyModel::typeCatcher(int typeID)
 {
+    if (m_type == typeID)
+        return; // a page that opens on all foods would go through its ten thousand twice
     m_type = typeID;
     invalidate();
 }
@@ -31,7 +33,7 @@ bool FoodProxyModel::filterAcceptsRow(int row, const QModelIndex &parent) const
     // The type is asked first: it is a number, and a row of another type is refused whatever its text.
     if (m_type != 0 && sourceModel()->index(row, Type, parent).data().toInt() != m_type)
         return false;
-    return m_words.accepts((text(Name) + QLatin1Char(' ') + text(Description)).toLower());
+    return m_words.isEmpty() || m_words.accepts((text(Name) + QLatin1Char(' ') + text(Description)).toLower());
 }
 
 bool FoodProxyModel::filterAcceptsColumn(int column, const QModelIndex & /*parent*/) const

@@ -19,7 +19,7 @@ public:
 public slots:
     /// Sets the search text and filters anew.
     void textCatcher(const QString &text);
-    /// Sets the type to show, 0 for all, and filters anew.
+    /// Sets the type to show, 0 for all, and filters anew if it is another than before.
     void typeCatcher(int typeID);
 
 protected:

@@ -25,7 +25,25 @@ bool SqlListModel::load(const QString &statement)
 
 bool SqlListModel::load(const QString &statement, const char *logTag, const QStringList &headers)
 {
-    if (!load(statement)) {
+    load(statement);
+    return finishLoad(logTag, headers);
+}
+
+bool SqlListModel::load(const QString &statement, const QVariantMap &values, const char *logTag,
+                        const QStringList &headers)
+{
+    QSqlQuery query(m_database);
+    query.prepare(statement);
+    for (auto value = values.cbegin(); value != values.cend(); ++value)
+        query.bindValue(value.key(), value.value());
+    query.exec();
+    setQuery(query);
+    return finishLoad(logTag, headers);
+}
+
+bool SqlListModel::finishLoad(const char *logTag, const QStringList &headers)
+{
+    if (!query().isActive()) {
         SqlFailure::logWithCode(logTag, lastError());
         return false;
     }

@@ -3,6 +3,7 @@
 #include <QSqlDatabase>
 #include <QSqlQueryModel>
 #include <QStringList>
+#include <QVariantMap>
 
 /// What the lists of this room share: a model over one statement with its own copy of the database handle.
 ///
@@ -35,7 +36,11 @@ protected:
     /// As above; sets the horizontal headers from column 0 on after a success, and logs a failure under `logTag` in the
     /// form "FoodModel - setQuery ERROR: [2013]: ...".
     bool load(const QString &statement, const char *logTag, const QStringList &headers);
+    /// As above, for a statement with placeholders: `values` by placeholder, for example {":foodID", 7}.
+    bool load(const QString &statement, const QVariantMap &values, const char *logTag, const QStringList &headers);
 
 private:
+    bool finishLoad(const char *logTag, const QStringList &headers);
+
     QSqlDatabase m_database;
 };

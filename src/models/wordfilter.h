@@ -16,6 +16,8 @@ public:
     WordFilter() = default;
     explicit WordFilter(const QString &searchText);
 
+    /// Whether there is no search text, so that no row need be asked.
+    bool isEmpty() const { return m_words.isEmpty(); }
     /// Whether every word is found in `text`, which must be lower-case already.
     bool accepts(const QString &text) const;
 

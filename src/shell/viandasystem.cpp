@@ -1,13 +1,16 @@
 #include "shell/viandasystem.h"
 
 #include "board/menuwidget.h"
+#include "catalogue/foodwidget.h"
 #include "session/session.h"
+#include "settings/settingswidget.h"
 #include "shell/buildmoment.h"
+#include "suppliers/supplierwidget.h"
+#include "widgets/waitcursor.h"
 
 #include <QAction>
 #include <QCoreApplication>
 #include <QDebug>
-#include <QGuiApplication>
 #include <QIcon>
 #include <QMenu>
 #include <QSettings>
@@ -38,14 +41,6 @@ QIcon entryIcon(const QString &imageBase)
     icon.addFile(image.arg(3), size, QIcon::Active, QIcon::Off);
     return icon;
 }
-
-/// The wait cursor for as long as it lives.
-class WaitCursor {
-public:
-    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
-    Q_DISABLE_COPY(WaitCursor)
-};
 
 } // namespace
 
@@ -142,7 +137,12 @@ QWidget *Viandasystem::makePage(const QAction *entry)
 {
     if (entry == m_actionMenu)
         return makeMenuBoard();
-    // The pages of the other three entries are not part of the module yet: a trigger leaves the host's page as it is.
+    if (entry == m_actionFoods)
+        return new FoodWidget(m_db, nullptr);
+    if (entry == m_actionSuppliers)
+        return new SupplierWidget(m_db, m_adminID, nullptr);
+    if (entry == m_actionSettings)
+        return new SettingsWidget(m_db, nullptr);
     return nullptr;
 }
 

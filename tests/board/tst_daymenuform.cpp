@@ -1,7 +1,7 @@
 #include "board/cardpage.h"
 #include "board/cellgrid.h"
 #include "board/menudelegate.h"
-#include "board/metamethods.h"
+#include "support/metamethods.h"
 
 #include <QHeaderView>
 #include <QLocale>

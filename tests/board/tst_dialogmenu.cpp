@@ -1,6 +1,6 @@
 #include "board/menudelegate.h"
 #include "board/menueditor.h"
-#include "board/metamethods.h"
+#include "support/metamethods.h"
 
 #include <QAbstractItemModelTester>
 #include <QHeaderView>

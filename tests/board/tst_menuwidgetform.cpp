@@ -1,6 +1,6 @@
 #include "board/boardpage.h"
-#include "board/metamethods.h"
 #include "support/logcatcher.h"
+#include "support/metamethods.h"
 
 #include <QAction>
 #include <QLayout>

@@ -1,7 +1,7 @@
-#include "board/metamethods.h"
 #include "board/orderentry.h"
 #include "board/totaldelegate.h"
 #include "support/boxanswerer.h"
+#include "support/metamethods.h"
 
 #include <QAbstractItemModelTester>
 #include <QHeaderView>

@@ -1,9 +1,9 @@
 #include "board/daydata.h"
 #include "board/dialogfoodorders.h"
-#include "board/metamethods.h"
 #include "board/orderwidget.h"
 #include "support/boxanswerer.h"
 #include "support/logcatcher.h"
+#include "support/metamethods.h"
 #include "support/modelstrings.h"
 
 #include <QCheckBox>

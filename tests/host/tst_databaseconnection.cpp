@@ -176,10 +176,12 @@ void TestDatabaseConnection::connectionOpensWithoutFullGroupBy()
         QCOMPARE(connection.problem(), QString());
         QVERIFY(connection.isOpen());
         QVERIFY(connection.handle().isOpen());
+        // The module's export of foods reads over the default connection.
+        QCOMPARE(connection.handle().connectionName(), QLatin1String(QSqlDatabase::defaultConnection));
         mode = sessionMode(connection.handle());
     }
     QCOMPARE(mode, QStringLiteral("NO_ZERO_DATE"));
-    QVERIFY(!QSqlDatabase::contains(QStringLiteral("host")));
+    QVERIFY(!QSqlDatabase::contains());
 }
 
 void TestDatabaseConnection::partialGroupByWorks()

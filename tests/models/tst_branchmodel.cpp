@@ -1,6 +1,6 @@
-#include "missingtable.h"
 #include "models/branchmodel.h"
 #include "support/logcatcher.h"
+#include "support/missingtable.h"
 #include "support/modelstrings.h"
 
 #include <QAbstractItemModelTester>

@@ -1,8 +1,8 @@
-#include "missingtable.h"
 #include "models/foodmodel.h"
 #include "models/segmentmodel.h"
 #include "models/typemodel.h"
 #include "support/logcatcher.h"
+#include "support/missingtable.h"
 #include "support/modelstrings.h"
 
 #include <QAbstractItemModelTester>
@@ -32,6 +32,8 @@ private slots:
     void init();
     void foodsLoadWhenTold();
     void foodsShowNullAsNothing();
+    void picturesAreReadOnDemand();
+    void failedPictureIsLoggedAndNothing();
     void foodsAreAllThere();
     void foodsReload();
     void failedFoodsAreLoggedAndEmpty();
@@ -76,8 +78,9 @@ void TestCatalogModels::foodsLoadWhenTold()
     const QAbstractItemModelTester tester(&foods);
     QCOMPARE(foods.rowCount(), 0);
     foods.refresh();
-    QCOMPARE(foods.query().lastQuery(),
-             QStringLiteral("SELECT foodID, typeID, name, description, picture, price, supplierID FROM via_foods"));
+    QCOMPARE(
+        foods.query().lastQuery(),
+        QStringLiteral("SELECT foodID, typeID, name, description, NULL AS picture, price, supplierID FROM via_foods"));
     QCOMPARE(headers(foods),
              (QStringList{QStringLiteral("ID jedla"), QStringLiteral("ID druhu jedla"), QStringLiteral("Názov"),
                           QStringLiteral("Popis"), QStringLiteral("Obrázok"), QStringLiteral("Cena"),
@@ -98,6 +101,36 @@ void TestCatalogModels::foodsShowNullAsNothing()
     QVERIFY(foods.index(1, 4).data().toByteArray().isNull());
     QVERIFY(foods.record(1).isNull(QStringLiteral("supplierID")));
     QCOMPARE(foods.record(1).value(QStringLiteral("supplierID")).toUInt(), 0U);
+}
+
+void TestCatalogModels::picturesAreReadOnDemand()
+{
+    const auto sent = [this] {
+        QSqlQuery query(m_database->db());
+        query.exec(QStringLiteral("SHOW SESSION STATUS LIKE 'Bytes_sent'"));
+        query.next();
+        return query.value(1).toLongLong();
+    };
+    m_database->exec(QStringLiteral("UPDATE via_foods SET picture = REPEAT('x', 1000000)"));
+    FoodModel foods(m_database->db());
+    const qint64 before = sent();
+    foods.refresh();
+    QVERIFY2(sent() - before < 10000, qPrintable(QString::number(sent() - before)));
+    QCOMPARE(foods.index(0, FoodModel::Picture).data(Qt::EditRole).toByteArray().size(), 1000000);
+    QCOMPARE(foods.index(1, FoodModel::Picture).data().toByteArray().size(), 1000000);
+    QVERIFY(!foods.index(1, FoodModel::Picture).data(Qt::DecorationRole).isValid());
+    m_database->exec(QStringLiteral("DELETE FROM via_foods WHERE foodID = 2"));
+    QVERIFY(!foods.index(1, FoodModel::Picture).data().isValid());
+}
+
+void TestCatalogModels::failedPictureIsLoggedAndNothing()
+{
+    FoodModel foods(m_database->db());
+    foods.refresh();
+    const MissingTable missing(*m_database, QStringLiteral("via_foods"));
+    const LogCatcher log;
+    QVERIFY(!foods.index(0, FoodModel::Picture).data().isValid());
+    QCOMPARE(log.critical(), QStringList{QStringLiteral("FoodModel - setQuery ERROR: [1146]: ") + missing.error()});
 }
 
 void TestCatalogModels::foodsAreAllThere()

@@ -1,7 +1,7 @@
-#include "missingtable.h"
 #include "models/monthlyoverviewmodel.h"
 #include "ordersfixture.h"
 #include "support/logcatcher.h"
+#include "support/missingtable.h"
 #include "support/modelstrings.h"
 
 #include <QAbstractItemModelTester>

@@ -1,8 +1,8 @@
-#include "missingtable.h"
 #include "models/ordermodel.h"
 #include "models/personordersums.h"
 #include "ordersfixture.h"
 #include "support/logcatcher.h"
+#include "support/missingtable.h"
 #include "support/modelstrings.h"
 
 #include <QAbstractItemModelTester>

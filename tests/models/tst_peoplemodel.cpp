@@ -1,8 +1,8 @@
 #include "localtime.h"
-#include "missingtable.h"
 #include "models/peoplemodel.h"
 #include "support/boxanswerer.h"
 #include "support/logcatcher.h"
+#include "support/missingtable.h"
 #include "support/modelstrings.h"
 
 #include <QAbstractItemModelTester>

@@ -6,6 +6,7 @@
 #include "support/testdatabase.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAction>
 #include <QComboBox>
 #include <QMenu>
@@ -117,8 +118,9 @@ private slots:
     void filterSurvivesARestart();
     void everyBoardStaysConnected();
     void foreignSendersHaveNoPage();
-    void entriesWithoutAPageLeaveTheHostAlone_data();
-    void entriesWithoutAPageLeaveTheHostAlone();
+    void otherEntriesOfferTheirPages_data();
+    void otherEntriesOfferTheirPages();
+    void administratorReachesTheSuppliers();
     void filterLineIsGated();
     void filtersOfOtherModulesStay();
 };
@@ -436,23 +438,48 @@ void TestViandasystem::foreignSendersHaveNoPage()
     QVERIFY(!QGuiApplication::overrideCursor());
 }
 
-void TestViandasystem::entriesWithoutAPageLeaveTheHostAlone_data()
+void TestViandasystem::otherEntriesOfferTheirPages_data()
 {
     QTest::addColumn<QString>("title");
-    for (const char *title : {"Jedlá", "Dodávatelia", "Nastavenia"})
-        QTest::newRow(title) << QString::fromUtf8(title);
+    QTest::addColumn<QString>("page");
+    QTest::newRow("foods") << QStringLiteral("Jedlá") << QStringLiteral("FoodWidget");
+    QTest::newRow("suppliers") << QStringLiteral("Dodávatelia") << QStringLiteral("SupplierWidget");
+    QTest::newRow("settings") << QStringLiteral("Nastavenia") << QStringLiteral("SettingsWidget");
 }
 
-void TestViandasystem::entriesWithoutAPageLeaveTheHostAlone()
+void TestViandasystem::otherEntriesOfferTheirPages()
 {
     QFETCH(QString, title);
-    Viandasystem shell;
-    Host host(shell);
-    QSignalSpy offered(&shell, &Viandasystem::sigSetCurrentWidget);
+    const TestDatabase database;
+    RunningShell running(database);
+    QSignalSpy offered(&running.shell, &Viandasystem::sigSetCurrentWidget);
     QVERIFY(offered.isValid());
-    entry(shell, title)->trigger();
-    QCOMPARE(offered.count(), 0);
+    entry(running.shell, title)->trigger();
+    entry(running.shell, title)->trigger();
+    QCOMPARE(offered.count(), 2); // a page afresh each time
+    QCOMPARE(running.host.pages.size(), std::size_t(2));
+    for (const std::unique_ptr<QWidget> &page : running.host.pages) {
+        QTEST(QString::fromLatin1(page->metaObject()->className()), "page");
+        QCOMPARE(page->windowTitle(), title);
+        QVERIFY(!page->parent());
+    }
+    QVERIFY(running.host.pages.front() != running.host.pages.back());
+    QCOMPARE(running.host.cursorWhileOffered, Qt::WaitCursor);
     QVERIFY(!QGuiApplication::overrideCursor());
+    QCOMPARE(savedFilters(), QVariantMap());
+}
+
+void TestViandasystem::administratorReachesTheSuppliers()
+{
+    const TestDatabase database;
+    database.exec(QStringLiteral("INSERT INTO branches VALUES (1, 'Sever'), (2, 'Juh')"));
+    database.exec(QStringLiteral("INSERT INTO bradm VALUES (5, 2)"));
+    RunningShell running(database, {{QStringLiteral("adminID"), 5}});
+    entry(running.shell, QStringLiteral("Dodávatelia"))->trigger();
+    const auto *branches =
+        running.host.pages.back()->findChild<QAbstractItemView *>(QStringLiteral("listViewBranches"));
+    QVERIFY(!(branches->model()->index(1, 1).flags() & Qt::ItemIsEnabled));
+    QVERIFY(branches->model()->index(2, 1).flags() & Qt::ItemIsEnabled);
 }
 
 void TestViandasystem::filterLineIsGated()

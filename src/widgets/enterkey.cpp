@@ -1,4 +1,4 @@
-#include "board/enterkey.h"
+#include "widgets/enterkey.h"
 
 #include <QAbstractButton>
 #include <QKeyEvent>

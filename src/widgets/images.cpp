@@ -1,4 +1,4 @@
-#include "board/images.h"
+#include "widgets/images.h"
 
 #include <QPixmap>
 
