@@ -129,7 +129,7 @@ uint FoodImport::writeFood(FoodRecord food)
 
 void FoodImport::writeMenuItem(const QStringList &record, const FoodRecord &food, uint foodID)
 {
-    const QString branch = record.at(Branch);
+    const QString &branch = record.at(Branch);
     OrderableRecord item;
     item.segmentID = findSegment(record.at(Slot));
     item.foodID = foodID;

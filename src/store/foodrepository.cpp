@@ -67,6 +67,8 @@ FoodRepository::FoodRepository(QSqlDatabase db, QObject *parent)
 {
 }
 
+FoodRepository::~FoodRepository() = default;
+
 SqlOperation FoodRepository::operation(const char *tag, const QString &failureText) const
 {
     return SqlOperation(m_db, tag, tr("Chyba databázy"), failureText);
@@ -104,21 +106,25 @@ QStandardItemModel *FoodRepository::loadAllFood()
 
 bool FoodRepository::addFood(FoodRecord food)
 {
-    SqlOperation adding = operation("FoodRepository(adding)", tr("Nepodarilo sa pridať jedlo!"));
-    adding.run(insertStatement(food), valuesOf(food));
-    if (adding.failed() && food.foodID != 0) {
+    if (!m_adding)
+        m_adding =
+            std::make_unique<SqlOperation>(operation("FoodRepository(adding)", tr("Nepodarilo sa pridať jedlo!")));
+    m_adding->run(insertStatement(food), valuesOf(food));
+    if (m_adding->failed() && food.foodID != 0) {
         // The key is most likely taken: the food gets a new one. Only a failure of that is told of.
         food.foodID = 0;
         return addFood(food);
     }
-    return adding.succeededOrReported();
+    return m_adding->succeededOrReported();
 }
 
 bool FoodRepository::updateFood(FoodRecord food)
 {
     qDebug() << "id: " << food.foodID << " updating food...";
-    return operation("FoodRepository(updating)", tr("Nepodarilo sa upraviť jedlo!"))
-        .change(updateStatement(food), valuesOf(food));
+    if (!m_updating)
+        m_updating =
+            std::make_unique<SqlOperation>(operation("FoodRepository(updating)", tr("Nepodarilo sa upraviť jedlo!")));
+    return m_updating->change(updateStatement(food), valuesOf(food));
 }
 
 bool FoodRepository::deleteFood(uint foodID)

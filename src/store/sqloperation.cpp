@@ -47,6 +47,8 @@ bool SqlOperation::run(const QString &sql, const SqlValues &values)
 
 bool SqlOperation::prepare(const QString &sql)
 {
+    if (m_prepared && m_executed && m_query.lastQuery() == sql)
+        return true;
     m_executed = false;
     m_prepared = m_query.prepare(sql);
     return m_prepared;

@@ -39,7 +39,8 @@ public:
     bool run(const QString &sql);
     /// Prepares a statement and executes it with these values. Reports nothing.
     bool run(const QString &sql, const SqlValues &values);
-    /// Prepares a statement with named placeholders for any number of calls of `execute`. Reports nothing.
+    /// Prepares a statement with named placeholders for any number of calls of `execute`. Reports nothing. Costs
+    /// nothing when this operation has that statement prepared already and its last execution succeeded.
     bool prepare(const QString &sql);
     /// Binds the values by name (one that the statement does not use is left out) and executes the prepared statement.
     /// One that could not be prepared is not executed and keeps its error. Reports nothing.

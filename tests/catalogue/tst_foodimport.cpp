@@ -121,7 +121,7 @@ void TestFoodImport::newFoodIsAdded()
     QCOMPARE(
         Run(m_database->db()).read(QStringLiteral("99,Bistro,Polievky,Boršč,\"s repou,\nteplý\",\"2,40\",\"1, 3\"")),
         summary(1, 0, QString(), 0, QString(), QString()));
-    QCOMPARE(m_database->rows(foodsQuery).last(), QStringLiteral("4|1|5|Boršč|s repou,\nteplý|2.4|NULL"));
+    QCOMPARE(m_database->rows(foodsQuery).constLast(), QStringLiteral("4|1|5|Boršč|s repou,\nteplý|2.4|NULL"));
     QCOMPARE(m_database->rows(QStringLiteral("SELECT * FROM via_foodalergen WHERE foodID=4")), QStringList());
 }
 
@@ -129,7 +129,7 @@ void TestFoodImport::knownFoodIsOverwritten()
 {
     QCOMPARE(Run(m_database->db()).read(QStringLiteral("1,Bistro,Hlavné jedlá,Polievka dňa,nová,2,\"1, 7\"")),
              summary(0, 1, QString(), 0, QString(), QString()));
-    QCOMPARE(m_database->rows(foodsQuery).first(),
+    QCOMPARE(m_database->rows(foodsQuery).constFirst(),
              QStringLiteral("1|2|5|Polievka dňa|nová|2|0102")); // with its picture
     QCOMPARE(m_database->rows(QStringLiteral("SELECT foodID, alergenID FROM via_foodalergen")), QStringList{"2|3"});
 }
@@ -343,7 +343,7 @@ void TestFoodImport::modelsAreFreshAfterwards()
         records += QStringLiteral(",Bistro,Polievky,Jedlo %1,,1,\n").arg(number);
     run.read(records);
     QCOMPARE(run.foods.rowCount(), 53);
-    QCOMPARE(columnTexts(run.foods, FoodModel::Name).last(), QStringLiteral("Jedlo 49"));
+    QCOMPARE(columnTexts(run.foods, FoodModel::Name).constLast(), QStringLiteral("Jedlo 49"));
     QCOMPARE(resets.count(), 2); // not one for each record
     run.read(QStringLiteral("short\n"));
     QCOMPARE(resets.count(), 3);

@@ -420,7 +420,7 @@ void TestFoodWidget::hostileText()
         query.addBindValue(text);
         QVERIFY(query.exec());
         const FoodPage page(m_database->db());
-        QCOMPARE(page.names().first(), text);
+        QCOMPARE(page.names().constFirst(), text);
         QCOMPARE(page.title(), text);
         QCOMPARE(page.find<QLabel>("labelTitle")->textFormat(), Qt::PlainText);
         QCOMPARE(page.description(), text + QStringLiteral("\n\nAlergény: \n- ") + text + QStringLiteral("\n- Mlieko"));

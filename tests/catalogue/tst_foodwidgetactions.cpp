@@ -61,6 +61,7 @@ private slots:
     void importAsksAndTells();
     void filesWithoutRecords_data();
     void filesWithoutRecords();
+    void unreadableFileTellsZeros();
     void cancelledImportTellsZeros();
     void importLeavesThePreview();
     void importTakesSuppliersAsTheyAreNow();
@@ -138,7 +139,7 @@ void TestFoodWidgetActions::addedFoodIsPreviewedUnselected()
     });
     page.button("pushButtonFood")->click();
     BOXES_DONE(boxes);
-    QCOMPARE(page.names().last(), QStringLiteral("Čerstvé lokše"));
+    QCOMPARE(page.names().constLast(), QStringLiteral("Čerstvé lokše"));
     QCOMPARE(page.title(), QStringLiteral("Čerstvé lokše"));
     QVERIFY(!page.foods()->currentIndex().isValid());
 }
@@ -439,6 +440,17 @@ void TestFoodWidgetActions::filesWithoutRecords()
     BOXES_DONE(boxes);
 }
 
+void TestFoodWidgetActions::unreadableFileTellsZeros()
+{
+    const FoodPage page(m_database->db());
+    BoxAnswerer boxes;
+    answerFile(boxes, QStringLiteral("Súbor CSV pre import"), QFileDialog::AcceptOpen,
+               QStringLiteral("/proc/self/mem")); // it opens, and every read fails
+    boxes.expectBox(QStringLiteral("Strava - Import jedál"), told(0, 0));
+    page.button("pushButton_2")->click();
+    BOXES_DONE(boxes);
+}
+
 void TestFoodWidgetActions::cancelledImportTellsZeros()
 {
     const FoodPage page(m_database->db());
@@ -476,7 +488,7 @@ void TestFoodWidgetActions::importTakesSuppliersAsTheyAreNow()
                                    "duplikátov položiek menu: 0 \n \nV riadku 3 je nesprávne vyplnený typ jedla.\n"));
     page.button("pushButton_2")->click();
     BOXES_DONE(boxes);
-    QCOMPARE(page.names().last(), QStringLiteral("A"));
+    QCOMPARE(page.names().constLast(), QStringLiteral("A"));
 }
 
 /// The file is opened as text, which takes every carriage return away.

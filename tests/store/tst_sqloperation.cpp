@@ -16,6 +16,7 @@ private slots:
     void unusedValueIsLeftOut();
     void statementThatCannotBePreparedKeepsItsError();
     void preparedStatementRunsAgainAfterAFailure();
+    void sameStatementIsPreparedOnce();
     void loadVisitsEachRow();
     void loadWithoutRowsIsNoFailure();
     void operationWithoutTextsOnlyLogs();
@@ -74,6 +75,29 @@ void TestSqlOperation::preparedStatementRunsAgainAfterAFailure()
     QVERIFY(operation.execute({{":name", "c"}, {":value", 3}}));
     QVERIFY(!operation.failed());
     QCOMPARE(m_database.rows("SELECT name, value FROM vars ORDER BY name"), (QStringList{"a|1", "b|old", "c|3"}));
+}
+
+void TestSqlOperation::sameStatementIsPreparedOnce()
+{
+    const auto prepared = [this] {
+        QSqlQuery query(m_database.db());
+        query.exec("SHOW SESSION STATUS LIKE 'Com_stmt_prepare'");
+        query.next();
+        return query.value(1).toInt();
+    };
+    m_database.exec("INSERT INTO vars VALUES ('b', 'old')");
+    SqlOperation operation(m_database.db());
+    const int before = prepared();
+    QVERIFY(operation.run(insertStatement, {{":name", "a"}, {":value", 1}}));
+    QVERIFY(operation.run(insertStatement, {{":name", "c"}, {":value", 2}}));
+    QCOMPARE(prepared() - before, 1);
+    QVERIFY(!operation.run(insertStatement, {{":name", "b"}, {":value", 3}}));
+    QVERIFY(operation.run(insertStatement, {{":name", "d"}, {":value", 4}})); // after a failure anew, without its error
+    QVERIFY(!operation.failed());
+    QCOMPARE(prepared() - before, 2);
+    QVERIFY(operation.run("DELETE FROM vars WHERE name=:name", {{":name", "a"}}));
+    QCOMPARE(prepared() - before, 3);
+    QCOMPARE(m_database.rows("SELECT name, value FROM vars ORDER BY name"), (QStringList{"b|old", "c|2", "d|4"}));
 }
 
 void TestSqlOperation::loadVisitsEachRow()
