@@ -240,7 +240,7 @@ void TestDialogSupplier::enterInAListDoesNotSave()
     QTest::keyClick(dialog.list("listViewOdosielanie"), Qt::Key_Return);
     BOXES_DONE(boxes);
     QVERIFY(dialog.isVisible());
-    QCOMPARE(dialog.texts("listViewSupplierMails").last(), QStringLiteral("k@jedalen.sk"));
+    QCOMPARE(dialog.texts("listViewSupplierMails").constLast(), QStringLiteral("k@jedalen.sk"));
 }
 
 void TestDialogSupplier::escapeCancels()

@@ -288,7 +288,7 @@ void TestDialogSupplierLists::deletionOfATimeCancelled()
     BOXES_DONE(boxes);
     QCOMPARE(m_data->times().size(), 2);
     // The list is loaded anew in any case.
-    QCOMPARE(dialog.texts("listViewOdosielanie").last(), QStringLiteral("16:00 - 5 dní pred výdajom."));
+    QCOMPARE(dialog.texts("listViewOdosielanie").constLast(), QStringLiteral("16:00 - 5 dní pred výdajom."));
 }
 
 void TestDialogSupplierLists::deletedByItsOwnEditor()

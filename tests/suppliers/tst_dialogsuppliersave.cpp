@@ -57,7 +57,7 @@ void TestDialogSupplierSave::newSupplier()
     addMail(dialog, QStringLiteral("a@novy.sk"));
     addMail(dialog, QStringLiteral("b@novy.sk"));
     dialog.button("pushButtonSave")->click();
-    QCOMPARE(m_data->suppliers().last(), QStringLiteral("4|Nový|prvý riadok\ndruhý|14:30:00|N|4"));
+    QCOMPARE(m_data->suppliers().constLast(), QStringLiteral("4|Nový|prvý riadok\ndruhý|14:30:00|N|4"));
     QCOMPARE(m_data->supplierMails().mid(3), (QStringList{"4|a@novy.sk", "4|b@novy.sk"}));
     QCOMPARE(m_data->links().size(), 3);
     QCOMPARE(dialog.result(), 1);
@@ -79,7 +79,7 @@ void TestDialogSupplierSave::newSupplierByKeyboard()
     QTest::keyClick(dialog.find<QLineEdit>("lineEditName"), Qt::Key_Return);
     QVERIFY(!dialog.isVisible());
     QCOMPARE(dialog.result(), 1);
-    QCOMPARE(m_data->suppliers().last(), QStringLiteral("4|Novy|a\nb|07:45:00|NV|0"));
+    QCOMPARE(m_data->suppliers().constLast(), QStringLiteral("4|Novy|a\nb|07:45:00|NV|0"));
 }
 
 void TestDialogSupplierSave::existingSupplier()

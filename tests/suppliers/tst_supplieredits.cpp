@@ -62,7 +62,7 @@ void TestSupplierEdits::addedSupplierIsCurrent()
     saveAs(boxes, QStringLiteral("Nový"));
     page.button("pushButton")->click();
     BOXES_DONE(boxes);
-    QCOMPARE(page.texts("listViewSuppliers").last(), QStringLiteral("Nový"));
+    QCOMPARE(page.texts("listViewSuppliers").constLast(), QStringLiteral("Nový"));
     QCOMPARE(page.current("listViewSuppliers"), 3);
     QCOMPARE(page.text("labelSupplierName"), QStringLiteral("Nový"));
     QCOMPARE(page.text("labelDeadline"), QStringLiteral("0:00"));
