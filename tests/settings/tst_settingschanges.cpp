@@ -315,7 +315,7 @@ void TestSettingsChanges::pageMayDieInTheFailure()
     const QPointer<SettingsPage> page(new SettingsPage(m_database->db()));
     m_database->exec(QStringLiteral("RENAME TABLE via_orderables TO elsewhere"));
     QTimer::singleShot(0, this, [this, &page] {
-        QTimer::singleShot(0, this, [this, &page] {
+        QTimer::singleShot(0, this, [&page] {
             QTRY_COMPARE(qobject_cast<QMessageBox *>(QApplication::activeModalWidget())->text(),
                          QStringLiteral("Existujúce limity sa nepodarilo vymazať!"));
             delete page;
