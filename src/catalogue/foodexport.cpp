@@ -5,7 +5,7 @@
 #include <QSaveFile>
 #include <QSqlDatabase>
 #include <QSqlQuery>
-#include <QTextStream>
+#include <QTextCodec>
 #include <QVariant>
 
 namespace {
@@ -54,12 +54,11 @@ bool FoodExport::writeFile(const QString &fileName, const QList<QStringList> &ro
     QSaveFile file(fileName);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
         return false;
-    QTextStream out(&file);
+    const QTextCodec *codec = QTextCodec::codecForLocale();
     for (const QStringList &row : rows) {
-        out << row.join(QLatin1Char(',')) << '\n';
-        out.flush();
-        // The device keeps this error to itself: committing would not know of it.
-        if (file.error() != QFileDevice::NoError)
+        // A text stream would take half a row for a whole one when the disk is full, and committing would not know.
+        const QByteArray line = codec->fromUnicode(row.join(QLatin1Char(',')) + QLatin1Char('\n'));
+        if (file.write(line) != line.size() || !file.flush() || file.error() != QFileDevice::NoError)
             return false;
     }
     return file.commit();
