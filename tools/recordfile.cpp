@@ -4,35 +4,35 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QTextCodec>
 #include <QVariant>
 
 namespace {
-
-constexpr int firstSet = 1;
 
 QString textOf(const QJsonValue &value)
 {
     return value.toVariant().toString();
 }
 
-/// One line cut at its commas; a field may stand in double quotes, in which two of them stand for one.
-QStringList fieldsOf(const QString &line)
+/// The lines of a CSV text, each cut at its commas. No lines if a quote does not end.
+QVector<QStringList> csvLines(const QString &text)
 {
-    QStringList fields{QString()};
+    QVector<QStringList> lines{{QString()}};
     bool quoted = false;
-    for (int position = 0; position < line.size(); ++position) {
-        const QChar character = line.at(position);
-        const bool doubled = quoted && line.mid(position, 2) == QLatin1String("\"\"");
-        if (doubled)
-            fields.last().append(line.at(position++));
+    for (int position = 0; position < text.size(); ++position) {
+        const QChar character = text.at(position);
+        if (quoted && text.midRef(position, 2) == QLatin1String("\"\""))
+            lines.last().last().append(text.at(position++));
         else if (character == QLatin1Char('"'))
             quoted = !quoted;
         else if (character == QLatin1Char(',') && !quoted)
-            fields.append(QString());
+            lines.last().append(QString());
+        else if (character == QLatin1Char('\n') && !quoted)
+            lines.append({QString()});
         else
-            fields.last().append(character);
+            lines.last().last().append(character);
     }
-    return fields;
+    return quoted ? QVector<QStringList>() : lines;
 }
 
 } // namespace
@@ -45,63 +45,95 @@ RecordFile::RecordFile(const QString &fileName)
         return;
     }
     const QByteArray bytes = file.readAll();
-    if (fileName.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive))
-        readCsv(QString::fromUtf8(bytes));
+    QTextCodec::ConverterState state;
+    const QString text = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
+    if (file.error() != QFileDevice::NoError)
+        m_error = file.errorString();
+    else if (state.invalidChars > 0 || state.remainingChars > 0)
+        m_error = QStringLiteral("the text is not UTF-8");
     else
-        readJson(bytes);
+        m_error =
+            fileName.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive) ? readCsv(text) : readJson(text.toUtf8());
+    if (!m_error.isEmpty()) {
+        m_values.clear();
+        m_sets.clear();
+    }
 }
 
-void RecordFile::readJson(const QByteArray &bytes)
+QString RecordFile::readJson(const QByteArray &bytes)
 {
     QJsonParseError problem{};
-    const QJsonObject root = QJsonDocument::fromJson(bytes, &problem).object();
-    if (problem.error != QJsonParseError::NoError) {
-        m_error = problem.errorString();
-        return;
-    }
+    const QJsonDocument document = QJsonDocument::fromJson(bytes, &problem);
+    if (problem.error != QJsonParseError::NoError)
+        return QStringLiteral("%1 at byte %2").arg(problem.errorString()).arg(problem.offset);
+    if (!document.isObject())
+        return QStringLiteral("an object is wanted");
+    const QJsonObject root = document.object();
     const QJsonObject values = root.value(QLatin1String("values")).toObject();
     for (auto value = values.begin(); value != values.end(); ++value)
         m_values.insert(value.key(), textOf(value.value()));
     QJsonObject sets = root.value(QLatin1String("sets")).toObject();
     if (root.contains(QLatin1String("records")))
-        sets.insert(QString::number(firstSet), root.value(QLatin1String("records")));
+        sets.insert(QStringLiteral("1"), root.value(QLatin1String("records")));
     for (auto set = sets.begin(); set != sets.end(); ++set) {
-        QVector<Record> &records = m_sets[set.key().toInt()];
-        const QJsonArray rows = set.value().toArray();
-        for (const QJsonValue &row : rows) {
-            Record record;
-            const QJsonObject named = row.toObject();
-            for (auto field = named.begin(); field != named.end(); ++field)
-                record.insert(field.key(), textOf(field.value()));
-            const QJsonArray numbered = row.toArray();
-            for (int number = 0; number < numbered.size(); ++number)
-                record.insert(QString::number(number), textOf(numbered.at(number)));
-            records.append(record);
-        }
+        const QString error = readSet(set.key(), set.value());
+        if (!error.isEmpty())
+            return error;
     }
+    return {};
 }
 
-void RecordFile::readCsv(const QString &text)
+QString RecordFile::readSet(const QString &key, const QJsonValue &rows)
 {
-    const QStringList lines = text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    const QStringList names = fieldsOf(lines.value(0).trimmed());
-    for (const QString &line : lines.mid(1)) {
-        const QStringList fields = fieldsOf(line.endsWith(QLatin1Char('\r')) ? line.chopped(1) : line);
+    const int set = key.toInt();
+    if (set < 1)
+        return QStringLiteral("\"%1\" is no number of a data set").arg(key);
+    if (!rows.isArray())
+        return QStringLiteral("data set %1 is no list").arg(set);
+    const QJsonArray list = rows.toArray();
+    for (const QJsonValue &row : list) {
+        if (!row.isObject() && !row.isArray())
+            return QStringLiteral("a record of data set %1 is neither object nor list").arg(set);
+        Record record;
+        const QJsonObject named = row.toObject();
+        for (auto field = named.begin(); field != named.end(); ++field)
+            record.insert(field.key(), textOf(field.value()));
+        const QJsonArray numbered = row.toArray();
+        for (int number = 0; number < numbered.size(); ++number)
+            record.insert(QString::number(number), textOf(numbered.at(number)));
+        m_sets[set].append(record);
+    }
+    return {};
+}
+
+QString RecordFile::readCsv(const QString &text)
+{
+    QString plain = text;
+    const QVector<QStringList> lines = csvLines(plain.replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    if (lines.isEmpty())
+        return QStringLiteral("a quote does not end");
+    const QStringList &names = lines.first();
+    if (names.join(QString()).trimmed().isEmpty())
+        return QStringLiteral("the first line has no names");
+    for (const QStringList &fields : lines.mid(1)) {
+        if (fields == QStringList{QString()})
+            continue;
         Record record;
         for (int number = 0; number < fields.size(); ++number) {
             record.insert(QString::number(number), fields.at(number));
             if (number < names.size())
-                record.insert(names.at(number), fields.at(number));
+                record.insert(names.at(number).trimmed(), fields.at(number));
         }
-        m_sets[firstSet].append(record);
+        m_sets[1].append(record);
     }
+    return {};
 }
 
 QString RecordFile::value(const QString &name, int record) const
 {
-    for (auto set = m_sets.cbegin(); set != m_sets.cend(); ++set) {
-        if (record < set->size() && set->at(record).contains(name))
-            return set->at(record).value(name);
+    for (const QVector<Record> &records : m_sets) {
+        if (record >= 0 && record < records.size() && records.at(record).contains(name))
+            return records.at(record).value(name);
     }
     return m_values.value(name);
 }

@@ -9,6 +9,7 @@ class QPainter;
 /// A widget for bar codes in a layout tool, and the names of their kinds. It has no encoder: it shows "NO_BARCODE".
 class BarCode : public QWidget {
     Q_OBJECT
+    // Stored with the widget, and watched by nobody. clazy:excludeall=qproperty-without-notify
     Q_PROPERTY(QString value READ value WRITE setValue)
     Q_PROPERTY(int barcodeHeight READ barcodeHeight WRITE setBarcodeHeight)
 

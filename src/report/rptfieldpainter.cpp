@@ -1,5 +1,7 @@
 #include "report/rptfieldpainter.h"
 
+#include "report/boundedint.h"
+#include "report/deviceunits.h"
 #include "report/rptattributes.h"
 #include "report/rptbandobject.h"
 #include "report/rptcrosstabobject.h"
@@ -11,6 +13,7 @@
 #include <QBuffer>
 #include <QChart>
 #include <QChartView>
+#include <QDebug>
 #include <QGraphicsLayout>
 #include <QLegend>
 #include <QPainter>
@@ -26,6 +29,9 @@ constexpr double pi = 3.14159265358979323846;
 
 /// The pen's width counts five times on a printer's resolution.
 constexpr int printerPenFactor = 5;
+
+/// Each page that a cross table adds is painted from within the one before it.
+constexpr int mostCrossTabPages = 300;
 
 bool isWhite(const QColor &color)
 {
@@ -86,26 +92,29 @@ bool RptFieldPainter::isActive() const
 }
 
 /// The width lacks the unit that the height has; templates are laid out with it.
-QRect RptFieldPainter::deviceRect(const RptFieldObject &field, int bandY) const
+QRect RptFieldPainter::deviceRect(const RptFieldObject &field, qint64 bandY) const
 {
-    const auto device = [](int units, float scale) { return int(float(units) * scale); };
-    const QRect &rect = field.rect;
-    const int height = field.autoHeight && field.parentBand ? field.parentBand->height : rect.bottom() - rect.top() + 1;
-    return {device(rect.left(), m_state.scaleX), device(rect.top() + bandY, m_state.scaleY),
-            device(rect.right() - rect.left(), m_state.scaleX), device(height, m_state.scaleY)};
+    // The edges of a field may be any numbers, and so may their differences.
+    const double left = field.rect.left();
+    const double top = field.rect.top();
+    const double ownHeight = double(field.rect.bottom()) - top + 1;
+    const double height = field.autoHeight && field.parentBand ? field.parentBand->height : ownHeight;
+    return {deviceUnits(left, m_state.scaleX), deviceUnits(top + double(bandY), m_state.scaleY),
+            deviceUnits(double(field.rect.right()) - left, m_state.scaleX), deviceUnits(height, m_state.scaleY)};
 }
 
 QPen RptFieldPainter::borderPen(const RptFieldObject &field) const
 {
     QPen pen = m_state.painter->pen();
-    pen.setWidth(field.borderWidth * (m_state.printerMode == QPrinter::ScreenResolution ? 1 : printerPenFactor));
+    const int factor = m_state.printerMode == QPrinter::ScreenResolution ? 1 : printerPenFactor;
+    pen.setWidth(boundedInt(qint64(field.borderWidth) * factor));
     if (!field.borderStyle.isEmpty())
         pen.setStyle(RptAttributes::penStyle(field.borderStyle));
     pen.setColor(field.borderColor);
     return pen;
 }
 
-void RptFieldPainter::measureField(RptFieldObject &field, int bandY)
+void RptFieldPainter::measureField(RptFieldObject &field, qint64 bandY)
 {
     field.recNo = m_state.recNo;
     field.reportPage = m_state.pageReport;
@@ -116,7 +125,7 @@ void RptFieldPainter::measureField(RptFieldObject &field, int bandY)
         measureLabel(field, deviceRect(field, bandY));
 }
 
-void RptFieldPainter::drawField(RptFieldObject &field, int bandY)
+void RptFieldPainter::drawField(RptFieldObject &field, qint64 bandY)
 {
     field.recNo = m_state.recNo;
     field.reportPage = m_state.pageReport;
@@ -133,7 +142,7 @@ void RptFieldPainter::drawField(RptFieldObject &field, int bandY)
             field.parentCrossTab->computeTotalCell(&field);
     }
     const QRect area = deviceRect(field, bandY);
-    field.setAbsoluteTop(int(float(area.y()) / m_state.scaleY));
+    field.setAbsoluteTop(deviceUnits(double(float(area.y()) / m_state.scaleY), 1));
     drawByType(field, area);
     if (field.fieldType == Rpt::textRich)
         drawRichText(field, area);
@@ -288,16 +297,18 @@ void RptFieldPainter::drawDiagram(RptFieldObject &field, const QRect &area)
     view.scene()->removeItem(&chart); // else it would go with the view, and the next page has to paint it again
 }
 
-void RptFieldPainter::drawLineField(RptFieldObject &field, int bandY)
+void RptFieldPainter::drawLineField(RptFieldObject &field, qint64 bandY)
 {
     drawField(field, bandY);
     if (!isActive() || !m_engine.fieldIsPrinted(field))
         return;
     QPainter &painter = *m_state.painter;
-    const auto device = [](int units, float scale) { return int(float(units) * scale); };
     // Left and top of the field play no part.
-    const QPoint start(device(field.lineStartX, m_state.scaleX), device(bandY + field.lineStartY, m_state.scaleY));
-    const QPoint end(device(field.lineEndX, m_state.scaleX), device(bandY + field.lineEndY, m_state.scaleY));
+    const auto point = [this, bandY](int x, int y) {
+        return QPoint(deviceUnits(x, m_state.scaleX), deviceUnits(double(bandY) + y, m_state.scaleY));
+    };
+    const QPoint start = point(field.lineStartX, field.lineStartY);
+    const QPoint end = point(field.lineEndX, field.lineEndY);
     painter.setPen(borderPen(field));
     const QLine line(start, end);
     painter.drawLine(line);
@@ -306,7 +317,7 @@ void RptFieldPainter::drawLineField(RptFieldObject &field, int bandY)
     double angle = length > 0 ? std::acos(line.dx() / length) : 0;
     if (line.dy() >= 0)
         angle = 2 * pi - angle;
-    const int size = int(double(m_state.scaleX) * arrowSize);
+    const int size = deviceUnits(arrowSize, m_state.scaleX);
     painter.setBrush(field.borderColor);
     if (field.arrowStart)
         drawArrow(start, angle + pi / 3, angle + pi - pi / 3, size);
@@ -323,7 +334,7 @@ void RptFieldPainter::drawArrow(const QPointF &tip, double firstAngle, double se
     m_state.painter->drawPolygon(QPolygonF({tip, corner(firstAngle), corner(secondAngle)}));
 }
 
-void RptFieldPainter::drawCrossTab(RptFieldObject &field, int bandY)
+void RptFieldPainter::drawCrossTab(RptFieldObject &field, qint64 bandY)
 {
     RptCrossTabObject &table = *field.crossTab;
     if (m_state.curPage == 1)
@@ -340,9 +351,9 @@ void RptFieldPainter::drawCrossTab(RptFieldObject &field, int bandY)
         isFull = rowOnPage >= rows;
         if (isFull)
             break;
-        const int top = table.rowHeight * rowOnPage + field.rect.top();
-        cell.rect.setTop(top);
-        cell.rect.setBottom(table.rowHeight + top - 1);
+        const qint64 top = qint64(table.rowHeight) * rowOnPage + field.rect.top();
+        cell.rect.setTop(boundedInt(top));
+        cell.rect.setBottom(boundedInt(top + table.rowHeight - 1));
         drawField(cell, bandY);
         ++table.processedCount;
         previousRow = row;
@@ -351,8 +362,14 @@ void RptFieldPainter::drawCrossTab(RptFieldObject &field, int bandY)
     const bool repeats = bandType == Rpt::PageHeader || bandType == Rpt::PageFooter;
     if (!isFull || !repeats || m_state.curPage < m_state.totalPage)
         return;
+    if (previousRow < 0 || m_crossTabPages >= mostCrossTabPages) {
+        qWarning("Cross table %s does not end", qPrintable(field.name)); // not one row fits, or far too many pages
+        return;
+    }
+    ++m_crossTabPages;
     // What is left goes on with the same band of the following page.
     if (bandType == Rpt::PageHeader)
         m_layout.paintPageFooter(true);
     m_layout.beginNextPage(bandY, true, false);
+    --m_crossTabPages;
 }

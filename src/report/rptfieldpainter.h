@@ -21,14 +21,14 @@ public:
 
     /// Offers a field of any type to the caller and, if its band grows with it, measures it. `bandY` is the band's top
     /// in template units.
-    void measureField(RptFieldObject &field, int bandY);
+    void measureField(RptFieldObject &field, qint64 bandY);
     /// Draws a field of any type. The caller is asked for it first; a field that is not to be printed leaves no mark.
-    void drawField(RptFieldObject &field, int bandY);
+    void drawField(RptFieldObject &field, qint64 bandY);
     /// Draws a field of type line: what `drawField` draws of it, its frame, and the line between its two points.
-    void drawLineField(RptFieldObject &field, int bandY);
+    void drawLineField(RptFieldObject &field, qint64 bandY);
 
 private:
-    QRect deviceRect(const RptFieldObject &field, int bandY) const;
+    QRect deviceRect(const RptFieldObject &field, qint64 bandY) const;
     bool isActive() const;
     QPen borderPen(const RptFieldObject &field) const;
 
@@ -46,9 +46,10 @@ private:
     void measureLabel(const RptFieldObject &field, const QRect &area);
     void drawLabel(RptFieldObject &field, const QRect &area);
     void drawLabelText(const RptFieldObject &field, const QRect &area, const QString &text);
-    void drawCrossTab(RptFieldObject &field, int bandY);
+    void drawCrossTab(RptFieldObject &field, qint64 bandY);
 
     RptEngine &m_engine;
     RptLayout &m_layout;
     RptPrintState &m_state;
+    int m_crossTabPages = 0; ///< that a cross table has added, one within the other
 };

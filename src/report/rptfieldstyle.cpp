@@ -33,7 +33,7 @@ void RptFieldObject::refreshStyle()
         takeOwnStyle();
         return;
     }
-    const auto has = [this](RptAspect aspect) { return report->highlightValue(*this, aspect).toInt() != 0; };
+    const auto has = [this](RptAspect aspect) { return report->highlightValue(*this, aspect).toDouble() != 0; };
     const auto colorOf = [this](RptAspect aspect) {
         return RptAttributes::color(report->highlightValue(*this, aspect).toString());
     };

@@ -1,3 +1,4 @@
+#include "report/deviceunits.h"
 #include "report/rptbandobject.h"
 #include "report/rptengine.h"
 #include "report/rptfieldobject.h"
@@ -95,11 +96,11 @@ void RptFieldPainter::measureLabel(const RptFieldObject &field, const QRect &are
     if (!isActive())
         return;
     m_state.painter->setFont(field.font);
-    const int ownHeight = int(float(field.rect.bottom() - field.rect.top() + 1) * m_state.scaleY);
+    const int ownHeight = deviceUnits(double(field.rect.bottom()) - field.rect.top() + 1, m_state.scaleY);
     const QRect room(area.x() + textIndent, area.y(), area.width() - textShrink, ownHeight);
     const int height = m_state.painter->boundingRect(room, textFlags(field), text).height();
     if (height > ownHeight)
-        field.parentBand->height = int(std::lround(float(height) / m_state.scaleY));
+        field.parentBand->height = deviceUnits(double(std::round(float(height) / m_state.scaleY)), 1);
 }
 
 void RptFieldPainter::drawLabel(RptFieldObject &field, const QRect &area)

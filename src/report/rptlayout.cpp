@@ -1,5 +1,6 @@
 #include "report/rptlayout.h"
 
+#include "report/deviceunits.h"
 #include "report/rptattributes.h"
 #include "report/rptbandobject.h"
 #include "report/rptengine.h"
@@ -93,9 +94,9 @@ RptBandObject *RptLayout::band(int type, int bandNo) const
     return page().findBand(type, bandNo);
 }
 
-int RptLayout::usableHeight() const
+qint64 RptLayout::usableHeight() const
 {
-    return m_state.pageHeight - m_state.marginBottom - m_state.marginTop;
+    return qint64(m_state.pageHeight) - m_state.marginBottom - m_state.marginTop;
 }
 
 /// What a row leaves free below itself. The page footer is looked up with the number of the data set, so for one above
@@ -142,7 +143,7 @@ void RptLayout::paintPageBody(bool draw, int pageIndex)
         m_state.painter->save();
     }
     setPageGeometry(pageIndex);
-    int y = 0;
+    qint64 y = 0;
     if (pageIndex < 1) {
         paintPageBackground(draw);
         paintPageHeader(y, draw);
@@ -171,7 +172,7 @@ void RptLayout::setPageGeometry(int pageIndex)
     if (definition.orientation == 1)
         area.transpose();
     m_state.scaleY = float(area.height()) / float(usableHeight());
-    m_state.scaleX = float(area.width()) / float(m_state.pageWidth - m_state.marginLeft - m_state.marginRight);
+    m_state.scaleX = float(area.width()) / float(qint64(m_state.pageWidth) - m_state.marginLeft - m_state.marginRight);
 }
 
 void RptLayout::takePageOptions(const RptPageObject &definition)
@@ -212,7 +213,7 @@ void RptLayout::drawPageBorder(const RptPageObject &definition)
     frame.setRight(frame.left() - borderShrink + (paperRect.right() - paperRect.left()));
     frame.setBottom(frame.top() - borderShrink + (paperRect.bottom() - paperRect.top()));
     const QPen before = painter.pen();
-    painter.setPen(QPen(definition.borderColor, definition.borderWidth * borderPenFactor,
+    painter.setPen(QPen(definition.borderColor, double(definition.borderWidth) * borderPenFactor,
                         RptAttributes::penStyle(definition.borderStyle)));
     painter.drawRect(frame);
     painter.setPen(before);
@@ -241,14 +242,14 @@ void RptLayout::paintPageBackground(bool draw)
     painter.setOpacity(double(m_state.watermarkOpacity));
     // The left and the top margin count twice, and the others not at all: watermarks are made for that.
     const auto extent = [](int length, int margin, float scale) {
-        return int(float(length) * scale - 2 * float(margin) * scale);
+        return deviceUnits(double(float(length) * scale - 2 * float(margin) * scale), 1);
     };
     painter.drawPixmap(0, 0, extent(m_state.pageWidth, m_state.marginLeft, m_state.scaleX),
                        extent(m_state.pageHeight, m_state.marginTop, m_state.scaleY), *m_state.backgroundPixmap);
     painter.setOpacity(1.0);
 }
 
-void RptLayout::beginNextPage(int &y, bool draw, bool withTitle)
+void RptLayout::beginNextPage(qint64 &y, bool draw, bool withTitle)
 {
     const int next = m_state.curPage + 1;
     if (draw) {
@@ -270,13 +271,13 @@ void RptLayout::beginNextPage(int &y, bool draw, bool withTitle)
     paintPageFooter(draw);
 }
 
-void RptLayout::paintBand(RptBandObject *band, int y, bool draw)
+void RptLayout::paintBand(RptBandObject *band, qint64 y, bool draw)
 {
     if (draw && m_state.isPageSelected(true, m_state.curPage))
         paintBandFields(*band, y, true);
 }
 
-void RptLayout::paintPageHeader(int &y, bool draw)
+void RptLayout::paintPageHeader(qint64 &y, bool draw)
 {
     RptBandObject *header = band(Rpt::PageHeader);
     if (!header || m_state.printMode == Rpt::HtmlMode)
@@ -285,7 +286,7 @@ void RptLayout::paintPageHeader(int &y, bool draw)
     y += header->realHeight;
 }
 
-void RptLayout::paintReportTitle(int &y, bool draw)
+void RptLayout::paintReportTitle(qint64 &y, bool draw)
 {
     RptBandObject *title = band(Rpt::ReportTitle);
     if (!title)
@@ -301,7 +302,7 @@ void RptLayout::paintPageFooter(bool draw)
         paintBand(footer, usableHeight() - footer->realHeight, draw);
 }
 
-void RptLayout::paintMasterHeader(int &y, bool draw, int bandNo)
+void RptLayout::paintMasterHeader(qint64 &y, bool draw, int bandNo)
 {
     RptBandObject *header = band(Rpt::MasterHeader, bandNo);
     if (!header)
@@ -311,7 +312,7 @@ void RptLayout::paintMasterHeader(int &y, bool draw, int bandNo)
 }
 
 /// The tests of this band and of the summary leave no room for the page footer, so the two may overlap it.
-void RptLayout::paintMasterFooter(int &y, bool draw, int bandNo)
+void RptLayout::paintMasterFooter(qint64 &y, bool draw, int bandNo)
 {
     RptBandObject *footer = band(Rpt::MasterFooter, bandNo);
     if (!footer)
@@ -322,7 +323,7 @@ void RptLayout::paintMasterFooter(int &y, bool draw, int bandNo)
     y += footer->realHeight;
 }
 
-void RptLayout::paintReportSummary(int &y, bool draw)
+void RptLayout::paintReportSummary(qint64 &y, bool draw)
 {
     RptBandObject *summary = band(Rpt::ReportSummary);
     if (!summary)
@@ -333,7 +334,7 @@ void RptLayout::paintReportSummary(int &y, bool draw)
     y += summary->realHeight;
 }
 
-void RptLayout::paintDataBands(int &y, bool draw, int pageIndex)
+void RptLayout::paintDataBands(qint64 &y, bool draw, int pageIndex)
 {
     if (pageIndex == 0) // the later definitions have it from the page that they began
         paintPageFooter(draw);
@@ -349,7 +350,7 @@ void RptLayout::paintDataBands(int &y, bool draw, int pageIndex)
     }
 }
 
-void RptLayout::paintGroups(RptBandObject &groupBand, int &y, bool draw, int pageIndex)
+void RptLayout::paintGroups(RptBandObject &groupBand, qint64 &y, bool draw, int pageIndex)
 {
     const int bandNo = groupBand.bandNo;
     RptValues &values = RptValues::instance();
@@ -399,7 +400,7 @@ void RptLayout::collectGroupingValues(const RptBandObject &groupBand, int pageIn
     }
 }
 
-void RptLayout::paintGroup(RptBandObject &groupBand, int record, int &y, bool draw, int pageIndex)
+void RptLayout::paintGroup(RptBandObject &groupBand, int record, qint64 &y, bool draw, int pageIndex)
 {
     const int bandNo = groupBand.bandNo;
     m_state.recNo = record;
@@ -417,7 +418,7 @@ void RptLayout::paintGroup(RptBandObject &groupBand, int record, int &y, bool dr
     paintGroupBand(band(Rpt::DataGroupFooter, bandNo), y, draw);
 }
 
-void RptLayout::paintGroupBand(RptBandObject *groupBand, int &y, bool draw)
+void RptLayout::paintGroupBand(RptBandObject *groupBand, qint64 &y, bool draw)
 {
     if (!groupBand)
         return;
@@ -428,7 +429,7 @@ void RptLayout::paintGroupBand(RptBandObject *groupBand, int &y, bool draw)
     y += groupBand->realHeight;
 }
 
-void RptLayout::paintMasterRows(int &y, bool draw, int pageIndex, int bandNo)
+void RptLayout::paintMasterRows(qint64 &y, bool draw, int pageIndex, int bandNo)
 {
     const int count = m_engine.recordCount(pageIndex, bandNo);
     RptBandObject *rows = band(Rpt::MasterData, bandNo);
@@ -450,7 +451,7 @@ void RptLayout::paintMasterRows(int &y, bool draw, int pageIndex, int bandNo)
     m_state.recNo = count - 1; // what follows stands on the last record, printed or not
 }
 
-void RptLayout::paintMasterRow(RptBandObject &rows, int &y, bool draw)
+void RptLayout::paintMasterRow(RptBandObject &rows, qint64 &y, bool draw)
 {
     ++m_state.lineNo;
     const Reserves reserve = reserves(rows.bandNo);
@@ -474,7 +475,7 @@ void RptLayout::collectBandValues(const RptBandObject &band)
     }
 }
 
-void RptLayout::paintBandFields(RptBandObject &band, int y, bool draw)
+void RptLayout::paintBandFields(RptBandObject &band, qint64 y, bool draw)
 {
     band.height = band.realHeight;
     for (RptFieldObject *field : qAsConst(band.fieldList)) {

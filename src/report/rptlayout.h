@@ -3,6 +3,7 @@
 #include "report/rptfieldpainter.h"
 
 #include <QList>
+#include <QtGlobal>
 
 class RptBandObject;
 class RptEngine;
@@ -25,18 +26,18 @@ public:
     /// Paper, margins and scales of a page definition; with a border, its frame.
     void setPageGeometry(int pageIndex);
     /// Moves on to the next page, with its header, title and footer. In HTML `y` runs on, else it becomes 0.
-    void beginNextPage(int &y, bool draw, bool withTitle);
+    void beginNextPage(qint64 &y, bool draw, bool withTitle);
     void paintPageFooter(bool draw);
 
 private:
     struct Reserves {
-        int footer;
-        int master;
+        qint64 footer;
+        qint64 master;
     };
 
     RptPageObject &page() const;
     RptBandObject *band(int type, int bandNo = 1) const;
-    int usableHeight() const;
+    qint64 usableHeight() const;
     Reserves reserves(int bandNo) const;
     void takePageOptions(const RptPageObject &page);
     void setUpPrinter(const RptPageObject &page);
@@ -46,21 +47,21 @@ private:
     void runPass(bool draw);
     void paintPageBody(bool draw, int pageIndex);
     void paintPageBackground(bool draw);
-    void paintBand(RptBandObject *band, int y, bool draw);
-    void paintPageHeader(int &y, bool draw);
-    void paintReportTitle(int &y, bool draw);
-    void paintMasterHeader(int &y, bool draw, int bandNo);
-    void paintMasterFooter(int &y, bool draw, int bandNo);
-    void paintReportSummary(int &y, bool draw);
-    void paintDataBands(int &y, bool draw, int pageIndex);
-    void paintGroups(RptBandObject &groupBand, int &y, bool draw, int pageIndex);
-    void paintGroup(RptBandObject &groupBand, int record, int &y, bool draw, int pageIndex);
-    void paintGroupBand(RptBandObject *band, int &y, bool draw);
+    void paintBand(RptBandObject *band, qint64 y, bool draw);
+    void paintPageHeader(qint64 &y, bool draw);
+    void paintReportTitle(qint64 &y, bool draw);
+    void paintMasterHeader(qint64 &y, bool draw, int bandNo);
+    void paintMasterFooter(qint64 &y, bool draw, int bandNo);
+    void paintReportSummary(qint64 &y, bool draw);
+    void paintDataBands(qint64 &y, bool draw, int pageIndex);
+    void paintGroups(RptBandObject &groupBand, qint64 &y, bool draw, int pageIndex);
+    void paintGroup(RptBandObject &groupBand, int record, qint64 &y, bool draw, int pageIndex);
+    void paintGroupBand(RptBandObject *band, qint64 &y, bool draw);
     void collectGroupingValues(const RptBandObject &groupBand, int pageIndex);
-    void paintMasterRows(int &y, bool draw, int pageIndex, int bandNo);
-    void paintMasterRow(RptBandObject &band, int &y, bool draw);
+    void paintMasterRows(qint64 &y, bool draw, int pageIndex, int bandNo);
+    void paintMasterRow(RptBandObject &band, qint64 &y, bool draw);
     void collectBandValues(const RptBandObject &band);
-    void paintBandFields(RptBandObject &band, int y, bool draw);
+    void paintBandFields(RptBandObject &band, qint64 y, bool draw);
 
     RptEngine &m_engine;
     RptPrintState &m_state;

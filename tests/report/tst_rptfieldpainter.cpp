@@ -98,6 +98,7 @@ private slots:
     void highlighting();
     void crossTab();
     void crossTabGoesOnOnTheNextPage();
+    void crossTabWithoutRoomEnds();
     void diagram();
     void html();
 
@@ -573,6 +574,18 @@ void TestRptFieldPainter::crossTabGoesOnOnTheNextPage()
     RecordingPrinter printer(300);
     print(run, printer);
     QCOMPARE(printer.texts(), (QStringList{"1: 0", "1: 1", "2: 2", "2: 3", "3: 4"}));
+}
+
+/// Not one row fits, so that no page would ever be the last.
+void TestRptFieldPainter::crossTabWithoutRoomEnds()
+{
+    ReportRun run(page(band("PageHeader", 100,
+                            "<TContainerField type=\"crossTab\" name=\"ct\" width=\"300\" height=\"10\" "
+                            "rowHeight=\"20\"/>")));
+    RecordingPrinter printer(300);
+    QTest::ignoreMessage(QtWarningMsg, "Cross table ct does not end");
+    print(run, printer);
+    QCOMPARE(printer.pages(), 1);
 }
 
 void TestRptFieldPainter::diagram()

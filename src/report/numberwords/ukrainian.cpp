@@ -108,7 +108,7 @@ QString spellUkrainian(double value, bool stem)
         // always shown it.
         text = zero + groupWords(group, level <= thousands) + unitsForm(group, level, stem) + text;
     }
-    return text.left(1).toUpper() + text.mid(1);
+    return text.at(0).toUpper() + text.mid(1); // never empty: there is a form of hryvnias and of kopecks
 }
 
 } // namespace NumberWords
