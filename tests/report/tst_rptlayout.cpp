@@ -487,7 +487,7 @@ void TestRptLayout::rowsDoNotDrift()
 void TestRptLayout::pagesAgainstAPlainReference()
 {
     QRandomGenerator random(20260714);
-    for (int round = 0; round < 150; ++round) {
+    for (int round = 0; round < 1500; ++round) {
         const int header = random.bounded(3) == 0 ? 0 : random.bounded(5, 120);
         const int title = random.bounded(2) == 0 ? 0 : random.bounded(5, 700);
         const int footer = random.bounded(2) == 0 ? 0 : random.bounded(5, 200);
@@ -547,7 +547,7 @@ void TestRptLayout::pagesAgainstAPlainReference()
 void TestRptLayout::groupsAgainstAPlainReference()
 {
     QRandomGenerator random(4711);
-    for (int round = 0; round < 100; ++round) {
+    for (int round = 0; round < 1000; ++round) {
         const int count = random.bounded(1, 40);
         QStringList groups;
         QStringList numbers;
