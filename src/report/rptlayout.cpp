@@ -17,6 +17,12 @@ namespace {
 
 /// Template units are quarters of a millimetre.
 constexpr int unitsOfMillimetre = 4;
+/// The fraction of a quarter is dropped.
+constexpr int wholeMillimetres(int units)
+{
+    return units / unitsOfMillimetre;
+}
+
 /// Added to each margin in millimetres; templates are laid out with it.
 constexpr double marginExcess = 0.01;
 /// How far a page's frame lies within the paper, in device units.
@@ -190,12 +196,11 @@ void RptLayout::takePageOptions(const RptPageObject &definition)
 
 void RptLayout::setUpPrinter(const RptPageObject &definition)
 {
-    // Whole millimetres: the fraction of a quarter is dropped.
-    QSizeF paper(definition.pageWidth / unitsOfMillimetre, definition.pageHeight / unitsOfMillimetre);
+    QSizeF paper(wholeMillimetres(definition.pageWidth), wholeMillimetres(definition.pageHeight));
     if (definition.orientation == 1)
         paper.transpose();
     m_printer->setPageSize(QPageSize(paper, QPageSize::Millimeter));
-    const auto margin = [](int units) { return units / unitsOfMillimetre + marginExcess; };
+    const auto margin = [](int units) { return wholeMillimetres(units) + marginExcess; };
     m_printer->setPageMargins({margin(definition.marginsLeft), margin(definition.marginsTop),
                                margin(definition.marginsRight), margin(definition.marginsBottom)},
                               QPageLayout::Millimeter);

@@ -89,7 +89,7 @@ const Prepared &StandingEngine::prepare(const QString &script)
     if (prepared->isHarmless)
         prepared->program = QScriptProgram(script, QString(), 1);
     m_prepared.insert(script, prepared);
-    return *prepared;
+    return *m_prepared.object(script);
 }
 
 QScriptValue StandingEngine::evaluate(const QString &script, bool showInGroup)

@@ -88,7 +88,7 @@ const QVector<RptToken> &RptText::tokensOf(const QString &text, bool expressionM
         return *known;
     auto *const tokens = new QVector<RptToken>(prepareTokens(text, expressionMode));
     cache.insert(text, tokens);
-    return *tokens;
+    return *cache.object(text);
 }
 
 QString RptText::expandText(const RptBandObject *band, const QString &text, bool expressionMode, bool firstPass,
