@@ -98,6 +98,7 @@ private slots:
     void initTestCase();
     void pages_data();
     void pages();
+    void eachGoldenHasItsTemplate();
     void movedFieldIsSeen_data() { pages_data(); }
     void movedFieldIsSeen();
     void missingFieldIsSeen_data() { pages_data(); }
@@ -144,6 +145,15 @@ void TestRptGolden::pages()
         const Difference difference = GoldenPages::compare(printed.at(number), golden);
         if (difference.isVisible())
             QFAIL(qPrintable(difference.text() + ": " + keep(printed.at(number), name, number)));
+    }
+}
+
+void TestRptGolden::eachGoldenHasItsTemplate()
+{
+    const QFileInfoList goldens = QDir(folder()).entryInfoList({QStringLiteral("*.png")});
+    for (const QFileInfo &golden : goldens) {
+        const QString name = golden.baseName().section('-', 0, -2);
+        QVERIFY2(QFile::exists(folder() + '/' + name + ".xml"), qPrintable(golden.fileName()));
     }
 }
 

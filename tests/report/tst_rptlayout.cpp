@@ -109,7 +109,6 @@ void TestRptLayout::bandsInPrintOrder()
     // Each label is as high as its band asks, its text in the middle by default is told by the attribute: none here, so
     // texts stand at the top of their boxes, and the differences are the heights of the bands.
     const QVector<Mark> texts = printer.marks(Mark::Text);
-    const QVector<double> steps{40, 100, -1, 15, 20, 20, 25};
     QCOMPARE(qRound(topOf(printer, texts.at(1)) - topOf(printer, texts.at(0))), 40);
     QCOMPARE(qRound(topOf(printer, texts.at(3)) - topOf(printer, texts.at(1))), 100);
     QCOMPARE(qRound(topOf(printer, texts.at(4)) - topOf(printer, texts.at(3))), 15);
@@ -329,7 +328,8 @@ void TestRptLayout::growingRows()
     RecordingPrinter printer;
     run.engine.printPreview(&printer);
     QVector<double> tops;
-    for (const Mark &mark : printer.marks(Mark::Text)) {
+    const QVector<Mark> texts = printer.marks(Mark::Text);
+    for (const Mark &mark : texts) {
         if (mark.text.startsWith(QLatin1Char('x')) || mark.text == QStringLiteral("súhrn"))
             tops.append(topOf(printer, mark));
     }
@@ -357,7 +357,7 @@ void TestRptLayout::lastGrowingFieldDecides()
     second.values = run.values;
     RecordingPrinter alone;
     second.engine.printPreview(&alone);
-    QCOMPARE(both.marks(Mark::Text).last().rect.top(), alone.marks(Mark::Text).last().rect.top());
+    QCOMPARE(both.marks(Mark::Text).constLast().rect.top(), alone.marks(Mark::Text).constLast().rect.top());
 }
 
 void TestRptLayout::newPageSignal()
@@ -583,7 +583,8 @@ void TestRptLayout::groupsAgainstAPlainReference()
         }
         expected.append(QStringLiteral("spolu %1").arg(all));
         QStringList texts;
-        for (const Mark &mark : printer.marks(Mark::Text))
+        const QVector<Mark> marks = printer.marks(Mark::Text);
+        for (const Mark &mark : marks)
             texts.append(mark.text);
         QCOMPARE(texts, expected);
     }

@@ -54,6 +54,8 @@ private slots:
     void unwritable_data();
     void unwritable();
     void outputOfBeforeStays();
+    void examples_data();
+    void examples();
 
 private:
     QString path(const QString &name) const { return m_folder->filePath(name); }
@@ -274,6 +276,30 @@ void TestRptRender::outputOfBeforeStays()
     QVERIFY(QFileInfo(path("folder.pdf")).isDir());
     QCOMPARE(render("records.json", "out.pdf").exitCode, 0);
     QVERIFY(content("out.pdf").startsWith("%PDF-"));
+}
+
+void TestRptRender::examples_data()
+{
+    QTest::addColumn<QString>("base");
+    const QFileInfoList templates =
+        QFileInfo(QFINDTESTDATA("../../docs/reports/menu.xml")).dir().entryInfoList({"*.xml"});
+    QVERIFY(templates.size() > 4);
+    for (const QFileInfo &file : templates)
+        QTest::newRow(qPrintable(file.baseName())) << file.dir().filePath(file.baseName());
+}
+
+/// Those of the templates' reference.
+void TestRptRender::examples()
+{
+    QFETCH(QString, base);
+    const QString records = base + (QFile::exists(base + ".csv") ? ".csv" : ".json");
+    for (const char *output : {"out.pdf", "out.html"}) {
+        const Outcome outcome = run({base + ".xml", records, output});
+        QCOMPARE(outcome.errors, QString());
+        QCOMPARE(outcome.exitCode, 0);
+    }
+    // One example shows what a formula that fails prints, and that is all.
+    QCOMPARE(content("out.html").count("Error"), base.endsWith(QLatin1String("formulas")) ? 1 : 0);
 }
 
 QTEST_MAIN(TestRptRender)
