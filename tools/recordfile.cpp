@@ -115,7 +115,8 @@ QString RecordFile::readCsv(const QString &text)
     const QStringList &names = lines.first();
     if (names.join(QString()).trimmed().isEmpty())
         return QStringLiteral("the first line has no names");
-    for (const QStringList &fields : lines.mid(1)) {
+    const QVector<QStringList> allFieldses = lines.mid(1);
+    for (const QStringList &fields : allFieldses) {
         if (fields == QStringList{QString()})
             continue;
         Record record;

@@ -189,7 +189,8 @@ QVector<Mark> RecordingPrinter::marks(Mark::Kind kind) const
 QStringList RecordingPrinter::texts() const
 {
     QStringList lines;
-    for (const Mark &mark : marks(Mark::Text))
+    const QVector<Mark> allMarks = marks(Mark::Text);
+    for (const Mark &mark : allMarks)
         lines.append(QStringLiteral("%1: ").arg(mark.page) + mark.text);
     return lines;
 }

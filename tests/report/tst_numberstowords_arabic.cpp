@@ -62,7 +62,8 @@ public:
     Reference()
     {
         m_belowHundred = QStringList(QString()) + ones();
-        for (const QString &word : tens()) {
+        const QStringList allWords = tens();
+        for (const QString &word : allWords) {
             m_belowHundred.append(word);
             for (int units = 1; units < 10; ++units)
                 m_belowHundred.append(m_belowHundred.at(units) + " و " + word);
@@ -310,7 +311,8 @@ void TestNumbersToWordsArabic::noScaleWordBeyondTheSextillions()
 void TestNumbersToWordsArabic::agreesWithTheReference()
 {
     const Reference reference;
-    for (const qint64 number : numbersBelow(1000000000000))
+    const QVector<qint64> allNumbers = numbersBelow(1000000000000);
+    for (const qint64 number : allNumbers)
         QCOMPARE(arabic(static_cast<double>(number)), reference.spell(number));
 }
 

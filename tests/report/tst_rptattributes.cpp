@@ -60,7 +60,8 @@ void addTypes()
 
 void TestRptAttributes::texts()
 {
-    for (const QString &text : hostileTexts()) {
+    const QVector<QString> allTexts = hostileTexts();
+    for (const QString &text : allTexts) {
         const QDomElement element = field({{"name", text}});
         QCOMPARE(RptAttributes::text(element, "name", "default"), text);
         QCOMPARE(RptAttributes::text(element, "other", "default"), QStringLiteral("default"));
@@ -166,13 +167,14 @@ void TestRptAttributes::colors()
 void TestRptAttributes::emptyColorIsInvalid()
 {
     QVERIFY(!RptAttributes::color(QString()).isValid());
-    QVERIFY(!RptAttributes::color(QStringLiteral("")).isValid());
+    QVERIFY(!RptAttributes::color(QLatin1String("")).isValid());
 }
 
 void TestRptAttributes::colorsReportNothing()
 {
     const LogCatcher log;
-    for (const QString &text : hostileTexts())
+    const QVector<QString> allTexts = hostileTexts();
+    for (const QString &text : allTexts)
         RptAttributes::color(text);
     QCOMPARE(log.lines(), QStringList());
 }

@@ -102,7 +102,8 @@ void TestRptBandObject::bandFlags()
 
 void TestRptBandObject::bandTexts()
 {
-    for (const QString &text : hostileTexts()) {
+    const QVector<QString> allTexts = hostileTexts();
+    for (const QString &text : allTexts) {
         const auto band = readBand({{"name", text}, {"groupingField", text}, {"dataSourceName", text}});
         QCOMPARE(band->name, text);
         QCOMPARE(band->groupingField, text);

@@ -66,7 +66,8 @@ void TestRptFieldChart::defaults()
 
 void TestRptFieldChart::captions()
 {
-    for (const QString &text : hostileTexts())
+    const QVector<QString> allTexts = hostileTexts();
+    for (const QString &text : allTexts)
         QCOMPARE(m_test.read(m_test.diagram({{"caption", text}}))->title(), text);
 }
 
@@ -179,15 +180,15 @@ void TestRptFieldChart::seriesTypes()
     QChart *const chart = m_test.read(field);
     QCOMPARE(chart->series().size(), type < 0 ? 0 : 1);
     if (type >= 0)
-        QCOMPARE(static_cast<int>(chart->series().first()->type()), type);
+        QCOMPARE(static_cast<int>(chart->series().constFirst()->type()), type);
 }
 
 void TestRptFieldChart::lines()
 {
     QChart *const chart = m_test.read(m_test.twoLines());
     QCOMPARE(chart->series().size(), 2);
-    QCOMPARE(chart->series().first()->name(), QStringLiteral("first"));
-    QCOMPARE(chart->series().first()->property("graphDS").toString(), QStringLiteral("ds1"));
+    QCOMPARE(chart->series().constFirst()->name(), QStringLiteral("first"));
+    QCOMPARE(chart->series().constFirst()->property("graphDS").toString(), QStringLiteral("ds1"));
     QVERIFY(chart->axes().isEmpty());
     QCOMPARE(described(m_test.field().graphData()),
              QStringList({"first [ds1] #ff0000: (,1,2) (,3,4)", "second [ds2] #0000ff: (,5,6)"}));
@@ -214,7 +215,7 @@ void TestRptFieldChart::bars()
     QFETCH(QString, chartType);
     QChart *const chart = m_test.read(m_test.twoBarSets(qPrintable(chartType)));
     QCOMPARE(chart->series().size(), 1);
-    QCOMPARE(qobject_cast<QAbstractBarSeries *>(chart->series().first())->count(), 2);
+    QCOMPARE(qobject_cast<QAbstractBarSeries *>(chart->series().constFirst())->count(), 2);
     QCOMPARE(chart->axes().size(), 2);
     QCOMPARE(described(m_test.field().graphData()),
              QStringList({"first [ds1] #ff0000: (,0,1) (,0,2)", "second [ds2] #0000ff: (,0,3)"}));
@@ -224,7 +225,7 @@ void TestRptFieldChart::pie()
 {
     QChart *const chart = m_test.read(m_test.somePie());
     QCOMPARE(chart->title(), QStringLiteral("pie"));
-    const auto *series = qobject_cast<QPieSeries *>(chart->series().first());
+    const auto *series = qobject_cast<QPieSeries *>(chart->series().constFirst());
     QCOMPARE(series->name(), QStringLiteral("pie"));
     QCOMPARE(series->holeSize(), 0.25);
     QCOMPARE(series->slices().size(), 2);
@@ -249,7 +250,7 @@ void TestRptFieldChart::holeSizes()
 {
     QFETCH(QString, text);
     QChart *const chart = m_test.read(m_test.diagram({{"chartType", "SeriesTypePie"}, {"holeSize", text}}));
-    QTEST(qobject_cast<QPieSeries *>(chart->series().first())->holeSize(), "size");
+    QTEST(qobject_cast<QPieSeries *>(chart->series().constFirst())->holeSize(), "size");
 }
 
 void TestRptFieldChart::slicesFlags()

@@ -129,12 +129,12 @@ void TestRptFieldGraphData::appliesToAPie()
 void TestRptFieldGraphData::appliesNothing()
 {
     QChart *const chart = m_test.read(m_test.twoLines());
-    QAbstractSeries *const first = chart->series().first();
+    QAbstractSeries *const first = chart->series().constFirst();
     m_test.field().applyGraphData({});
     QCOMPARE(chart->series().size(), 2);
-    QCOMPARE(chart->series().last(), first); // taken out and added again
+    QCOMPARE(chart->series().constLast(), first); // taken out and added again
     QCOMPARE(first->chart(), chart);
-    QCOMPARE(m_test.field().graphData().last().values.size(), 2);
+    QCOMPARE(m_test.field().graphData().constLast().values.size(), 2);
     m_test.read(m_test.twoBarSets("SeriesTypeBar"));
     m_test.field().applyGraphData({});
     QCOMPARE(m_test.chart().series().size(), 1);

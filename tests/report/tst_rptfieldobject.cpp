@@ -142,7 +142,8 @@ void TestRptFieldObject::elementWithoutAttributes()
 {
     const LogCatcher log;
     const auto field = read({});
-    for (const auto &member : textMembers())
+    const auto allMembers = textMembers();
+    for (const auto &member : allMembers)
         QCOMPARE((*field).*member.member, member.otherwise);
     for (const auto &member : numberMembers)
         QCOMPARE((*field).*member.member, member.otherwise);
@@ -171,7 +172,8 @@ void TestRptFieldObject::texts()
 {
     QFETCH(int, index);
     const auto member = textMembers().at(index);
-    for (const QString &text : hostileTexts())
+    const QVector<QString> allTexts = hostileTexts();
+    for (const QString &text : allTexts)
         QCOMPARE((*read({{member.name, text}})).*member.member, text);
 }
 
@@ -291,7 +293,8 @@ void TestRptFieldObject::font()
     QCOMPARE(field->font.pointSize(), 9);
     QCOMPARE(field->font.weight(), 75);
     QCOMPARE(field->font.style(), QFont::StyleItalic);
-    for (const QString &family : hostileTexts())
+    const QVector<QString> allFamilys = hostileTexts();
+    for (const QString &family : allFamilys)
         QCOMPARE(read({{"fontFamily", family}})->font.family(), family);
 }
 
@@ -356,7 +359,8 @@ void TestRptFieldObject::cloneCopiesValues()
     field->setAbsoluteTop(77);
     field->backgroundColor = Qt::red;
     const std::unique_ptr<RptFieldObject> copy(field->clone());
-    for (const auto &member : textMembers())
+    const auto allMembers = textMembers();
+    for (const auto &member : allMembers)
         QCOMPARE((*copy).*member.member, (*field).*member.member);
     for (const auto &member : numberMembers)
         QCOMPARE((*copy).*member.member, (*field).*member.member);

@@ -28,6 +28,7 @@ private slots:
 
 private:
     std::unique_ptr<RptEngine> m_engine;
+    int m_stock = 0; ///< what the caller answers
     std::unique_ptr<RptBandObject> m_band;
     RptFieldObject *m_field = nullptr; ///< the band's
 };
@@ -136,16 +137,15 @@ void TestRptFieldStyle::unnamedColors()
 
 void TestRptFieldStyle::followsTheRecord()
 {
-    int stock = 0;
     connect(m_engine.get(), &RptEngine::setValue, this,
-            [&stock](int /*recNo*/, const QString & /*name*/, QVariant &value, int /*page*/) { value = stock; });
+            [this](int /*recNo*/, const QString & /*name*/, QVariant &value, int /*page*/) { value = m_stock; });
     m_field->highlighting = "[stock] < 5;bold=?1:0;fontColor=?rgba(255,0,0,255);";
     for (int round = 0; round < 3; ++round) {
-        stock = 2;
+        m_stock = 2;
         m_field->refreshStyle();
         QCOMPARE(m_field->font.weight(), 75);
         QCOMPARE(m_field->fontColor, QColor(255, 0, 0));
-        stock = 20;
+        m_stock = 20;
         m_field->refreshStyle();
         QCOMPARE(m_field->font.weight(), 50);
         QCOMPARE(m_field->fontColor, QColor(10, 20, 30));

@@ -198,7 +198,8 @@ void TestRptGolden::otherColorIsSeen()
 {
     const QDomDocument document = templateOf(QStringLiteral("label-text"));
     const QVector<QImage> before = GoldenPages::print(document);
-    fieldsOf(document).first().setAttribute(QStringLiteral("fontColor"), QStringLiteral("rgba(255,120,120,255)"));
+    QDomElement field = fieldsOf(document).constFirst();
+    field.setAttribute(QStringLiteral("fontColor"), QStringLiteral("rgba(255,120,120,255)"));
     QVERIFY(compareAll(GoldenPages::print(document), before).isVisible());
 }
 

@@ -165,7 +165,8 @@ void TestRptPageObject::pageTexts()
         QCOMPARE(readPage(element("Report", {{"border", known.first}}))->border, known.second != 0);
         QCOMPARE(readPage(element("Report", {{"watermark", known.first}}))->watermark, known.second != 0);
     }
-    for (const QString &text : hostileTexts())
+    const QVector<QString> allTexts = hostileTexts();
+    for (const QString &text : allTexts)
         QCOMPARE(readPage(element("Report", {{"borderStyle", text}}))->borderStyle, text);
     QCOMPARE(readPage(element("Report", {{"borderColor", "rgba(1,2,3,4)"}}))->borderColor, QColor(1, 2, 3, 4));
     QCOMPARE(readPage(element("Report", {{"borderColor", "blue"}}))->borderColor, QColor(0, 0, 0, 0));

@@ -103,7 +103,8 @@ void TestRptScriptFresh::constants()
 void TestRptScriptFresh::formulas()
 {
     QFETCH(quint32, seed);
-    for (const QString &probe : RandomScript::probes())
+    const QStringList allProbes = RandomScript::probes();
+    for (const QString &probe : allProbes)
         QCOMPARE(RptScript::formulaText(probe, false), freshFormula(probe, false));
     RandomScript scripts(seed);
     for (int i = 0; i < 3000; ++i) {
@@ -119,7 +120,8 @@ void TestRptScriptFresh::formulas()
 void TestRptScriptFresh::conditionTexts()
 {
     QFETCH(quint32, seed);
-    for (const QString &probe : RandomScript::probes())
+    const QStringList allProbes = RandomScript::probes();
+    for (const QString &probe : allProbes)
         QCOMPARE(RptScript::conditionText(probe), freshText(probe));
     RandomScript scripts(seed + 1);
     for (int i = 0; i < 3000; ++i) {
@@ -134,7 +136,8 @@ void TestRptScriptFresh::conditionTexts()
 void TestRptScriptFresh::conditionNumbers()
 {
     QFETCH(quint32, seed);
-    for (const QString &probe : RandomScript::probes())
+    const QStringList allProbes = RandomScript::probes();
+    for (const QString &probe : allProbes)
         QCOMPARE(RptScript::conditionNumber(probe), freshNumber(probe));
     RandomScript scripts(seed + 2);
     for (int i = 0; i < 2000; ++i) {

@@ -53,7 +53,8 @@ public:
     QList<int> recordsOf(const QString &name, int page, const QString &text) const
     {
         QList<int> result;
-        for (const RptValue &value : of(name, page)) {
+        const QVector<RptValue> allValues = of(name, page);
+        for (const RptValue &value : allValues) {
             if (value.paramValue == QVariant(text))
                 result.append(value.lineIndex);
         }
