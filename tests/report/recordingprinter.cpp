@@ -36,11 +36,18 @@ void RecordingEngine::updateState(const QPaintEngineState &painterState)
         m_font = painterState.font();
     if (dirty & DirtyTransform)
         m_transform = painterState.transform();
+    if (dirty & DirtyClipPath)
+        m_clip = painterState.clipOperation() == Qt::NoClip ? QRectF() : painterState.clipPath().boundingRect();
+    if (dirty & DirtyClipRegion)
+        m_clip =
+            painterState.clipOperation() == Qt::NoClip ? QRectF() : QRectF(painterState.clipRegion().boundingRect());
+    if (dirty & DirtyClipEnabled && !painterState.isClipEnabled())
+        m_clip = QRectF();
 }
 
 Mark &RecordingEngine::add(Mark::Kind kind)
 {
-    marks.append(Mark{kind, page, {}, {}, m_pen, m_brush, m_font, m_transform, {}});
+    marks.append(Mark{kind, page, {}, {}, m_pen, m_brush, m_font, m_transform, m_clip, {}});
     return marks.last();
 }
 

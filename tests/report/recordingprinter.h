@@ -25,6 +25,7 @@ struct Mark {
     QBrush brush;
     QFont font;
     QTransform transform;
+    QRectF clip; ///< bounds of what is not clipped away; null without a clip
     QVector<QPointF> points; ///< of a line, a polygon or a path
     bool isStroked = true; ///< of a path
 };
@@ -68,6 +69,7 @@ private:
     QBrush m_brush;
     QFont m_font;
     QTransform m_transform;
+    QRectF m_clip;
 };
 
 /// A printer that writes down what is printed on it, at any resolution.

@@ -468,6 +468,7 @@ void TestRptFieldPainter::richText()
     for (const Mark &mark : drawn) {
         words.append(mark.text.trimmed());
         QCOMPARE(mark.transform, QTransform::fromTranslate(d.x + 10, d.y));
+        QCOMPARE(mark.clip, QRectF(0, 0, d.w - 15, d.h));
     }
     QCOMPARE(words.join(' '), QStringLiteral("M po k"));
 }
