@@ -12,13 +12,13 @@
 #include "session/session.h"
 #include "store/orderablerepository.h"
 #include "ui_daymenuwidget.h"
+#include "widgets/enterkey.h"
 #include "widgets/execdialog.h"
 #include "widgets/images.h"
 
 #include <QDebug>
 #include <QEvent>
 #include <QLocale>
-#include <QShortcut>
 
 namespace {
 
@@ -107,13 +107,7 @@ void DayMenuWidget::setUpTable()
     table->setAccessibleName(m_segmentName);
     fitToFont();
     table->installEventFilter(this);
-    // The keyboard's way to a double click.
-    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto *shortcut = new QShortcut(key, table);
-        shortcut->setContext(Qt::WidgetShortcut);
-        connect(shortcut, &QShortcut::activated, this,
-                [this] { on_tableView_doubleClicked(m_ui->tableView->currentIndex()); });
-    }
+    onEnter(table, [this] { on_tableView_doubleClicked(m_ui->tableView->currentIndex()); });
 }
 
 void DayMenuWidget::setUpStyle()

@@ -16,7 +16,6 @@
 #include <QDebug>
 #include <QEvent>
 #include <QPointer>
-#include <QShortcut>
 #include <QStandardItemModel>
 #include <QTimer>
 
@@ -79,12 +78,7 @@ void DialogMenu::setUpViews()
     m_ui->tableViewMenu->setColumnHidden(TotalColumn, true);
     m_ui->tableViewMenu->viewport()->installEventFilter(this);
     m_menuProxy->invalidate();
-    // The keyboard's way to a double click.
-    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto *shortcut = new QShortcut(key, m_ui->listViewFood);
-        shortcut->setContext(Qt::WidgetShortcut);
-        connect(shortcut, &QShortcut::activated, this, &DialogMenu::on_toolButtonR_clicked);
-    }
+    onEnter(m_ui->listViewFood, [this] { on_toolButtonR_clicked(); });
 }
 
 void DialogMenu::showAddFood(bool show)

@@ -24,7 +24,6 @@ constexpr int menuFields = 10;
 constexpr int keyColumn = 0;
 constexpr int supplierNameColumn = 1;
 constexpr int typeNameColumn = 1;
-constexpr int foodNameColumn = 2;
 constexpr int segmentNameColumn = 1;
 
 /// Decimal point or comma; what is no number, "nan" and "inf" included, is 0.
@@ -43,7 +42,7 @@ FoodImport::FoodImport(const QSqlDatabase &db, const SupplierModel &suppliers, c
     , m_orderableRepository(db)
     , m_suppliers(keysByName(suppliers, supplierNameColumn))
     , m_types(keysByName(types, typeNameColumn))
-    , m_foodIDs(keysByName(*foods, foodNameColumn))
+    , m_foodIDs(keysByName(*foods, FoodModel::Name))
     , m_foods(foods)
     , m_segments(segments)
 {
@@ -73,7 +72,7 @@ void FoodImport::run(QTextStream &in)
         // loads of the catalogue.
         if (m_row == first) {
             m_foods->refresh();
-            m_foodIDs = keysByName(*m_foods, foodNameColumn);
+            m_foodIDs = keysByName(*m_foods, FoodModel::Name);
         }
         ++m_row;
     }

@@ -14,6 +14,7 @@
 #include "models/typemodel.h"
 #include "session/session.h"
 #include "ui_foodwidget.h"
+#include "widgets/enterkey.h"
 #include "widgets/execdialog.h"
 #include "widgets/images.h"
 #include "widgets/messages.h"
@@ -29,22 +30,12 @@
 #include <QTextCodec>
 #include <QTextStream>
 
-#include <functional>
-
 namespace {
 
 constexpr int keyColumn = 0;
 constexpr int typeNameColumn = 1;
 constexpr int positionColumn = 2;
 const QSize pictureSize(480, 240);
-
-/// Calls `action` at a press of `key` while `view` has the focus.
-void onKey(QWidget *view, int key, const std::function<void()> &action)
-{
-    auto *shortcut = new QShortcut(key, view);
-    shortcut->setContext(Qt::WidgetShortcut);
-    QObject::connect(shortcut, &QShortcut::activated, view, action);
-}
 
 } // namespace
 
@@ -116,13 +107,11 @@ void FoodWidget::connectViews()
     connect(m_ui->tableViewType->horizontalHeader(), &QHeaderView::sectionClicked, this,
             [this] { emit typechanged(); });
 
-    onKey(m_ui->tableViewType, Qt::Key_Escape, [this] { emit typechanged(); });
-    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
-        onKey(m_ui->tableViewType, key,
-              [this] { on_tableViewType_doubleClicked(m_ui->tableViewType->currentIndex()); });
-        onKey(m_ui->tableViewFood, key,
-              [this] { on_tableViewFood_doubleClicked(m_ui->tableViewFood->currentIndex()); });
-    }
+    auto *allTypes = new QShortcut(Qt::Key_Escape, m_ui->tableViewType);
+    allTypes->setContext(Qt::WidgetShortcut);
+    connect(allTypes, &QShortcut::activated, this, [this] { emit typechanged(); });
+    onEnter(m_ui->tableViewType, [this] { on_tableViewType_doubleClicked(m_ui->tableViewType->currentIndex()); });
+    onEnter(m_ui->tableViewFood, [this] { on_tableViewFood_doubleClicked(m_ui->tableViewFood->currentIndex()); });
 }
 
 void FoodWidget::showNoConnection()

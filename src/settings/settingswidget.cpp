@@ -7,13 +7,13 @@
 #include "store/segmentrepository.h"
 #include "store/settingsrepository.h"
 #include "ui_settingswidget.h"
+#include "widgets/enterkey.h"
 #include "widgets/execdialog.h"
 #include "widgets/messages.h"
 #include "widgets/waitcursor.h"
 
 #include <QDebug>
 #include <QPointer>
-#include <QShortcut>
 
 #include <algorithm>
 #include <array>
@@ -25,21 +25,6 @@ std::array<QCheckBox *, 7> dayBoxes(const Ui::SettingsWidget &form)
 {
     return {form.checkBox_1, form.checkBox_2, form.checkBox_3, form.checkBox_4,
             form.checkBox_5, form.checkBox_6, form.checkBox_7};
-}
-
-/// Asks with the buttons Yes and No, No being the default. Gives the button pressed, or `NoButton` when `parent` went
-/// away, and took the box along, while it was open.
-int warnAndAsk(QWidget *parent, const QString &title, const QString &text)
-{
-    const QPointer<QMessageBox> box(
-        new QMessageBox(QMessageBox::Warning, title, text, QMessageBox::Yes | QMessageBox::No, parent));
-    box->setTextFormat(Qt::PlainText);
-    box->setDefaultButton(QMessageBox::No);
-    const int answer = box->exec();
-    if (!box)
-        return QMessageBox::NoButton;
-    delete box;
-    return answer;
 }
 
 } // namespace
@@ -67,12 +52,7 @@ SettingsWidget::SettingsWidget(const QSqlDatabase &db, QWidget *parent)
     connect(m_ui->listViewSegments->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &SettingsWidget::itemSelection);
     resetModel();
-    // The keyboard's way to a double click.
-    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto *shortcut = new QShortcut(key, m_ui->listViewSegments);
-        shortcut->setContext(Qt::WidgetShortcut);
-        connect(shortcut, &QShortcut::activated, m_ui->pushButtonUpravit_2, &QPushButton::click);
-    }
+    onEnter(m_ui->listViewSegments, [this] { m_ui->pushButtonUpravit_2->click(); });
 }
 
 SettingsWidget::~SettingsWidget() = default;
@@ -231,9 +211,10 @@ bool SettingsWidget::takeLimitsOff()
 {
     const QString title = tr("Zrušenie limitu počtu objednávok");
     const QPointer<SettingsWidget> self(this);
-    const int answer = warnAndAsk(this, title,
+    const int answer = askMessage(this, QMessageBox::Warning, title,
                                   tr("Zakázaním limitu počtu objednávok sa vymažú všetky nastavené limity na jedlách v "
-                                     "menu.\n\nNaozaj si to prajete?"));
+                                     "menu.\n\nNaozaj si to prajete?"),
+                                  QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
     if (answer == QMessageBox::Yes && removeAllLimits())
         return true;
     if (answer == QMessageBox::Yes)

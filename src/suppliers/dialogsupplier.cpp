@@ -7,12 +7,12 @@
 #include "ui_dialogsupplier.h"
 #include "widgets/deletionquestion.h"
 #include "widgets/editstate.h"
+#include "widgets/enterkey.h"
 #include "widgets/execdialog.h"
 #include "widgets/savebutton.h"
 
 #include <QDebug>
 #include <QPointer>
-#include <QShortcut>
 #include <QStandardItemModel>
 
 namespace {
@@ -45,8 +45,9 @@ DialogSupplier::DialogSupplier(SupplierRecord supplier, const QSqlDatabase &db, 
     showContent(m_ui->listViewOdosielanie, new QStandardItemModel(0, ColumnCount), TextColumn);
     showRecord();
     watchName();
-    watchEnter(m_ui->listViewSupplierMails, &DialogSupplier::on_pushButtonUpravit_clicked);
-    watchEnter(m_ui->listViewOdosielanie, &DialogSupplier::on_pushButtonUpravitOdosielanie_clicked);
+    // Else Enter in a list would go on to the default button and save.
+    onEnter(m_ui->listViewSupplierMails, [this] { on_pushButtonUpravit_clicked(); });
+    onEnter(m_ui->listViewOdosielanie, [this] { on_pushButtonUpravitOdosielanie_clicked(); });
     if (m_db.isOpen()) {
         loadSupplierMails();
         loadSupplierTimes();
@@ -96,16 +97,6 @@ void DialogSupplier::watchName()
     };
     connect(m_ui->lineEditName, &QLineEdit::textChanged, this, offer);
     offer(m_ui->lineEditName->text());
-}
-
-void DialogSupplier::watchEnter(QListView *list, void (DialogSupplier::*edit)())
-{
-    // Else Enter in a list would go on to the default button and save.
-    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto *shortcut = new QShortcut(key, list);
-        shortcut->setContext(Qt::WidgetShortcut);
-        connect(shortcut, &QShortcut::activated, this, edit);
-    }
 }
 
 void DialogSupplier::mailSelection()

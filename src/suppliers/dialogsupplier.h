@@ -59,7 +59,6 @@ private:
     void showRecord();
     void readRecord();
     void watchName();
-    void watchEnter(QListView *list, void (DialogSupplier::*edit)());
     void editTime(uint proMailDelayID);
     void addMails();
     void closeWith(int result);

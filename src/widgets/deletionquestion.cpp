@@ -1,20 +1,10 @@
 #include "widgets/deletionquestion.h"
 
-#include "widgets/longtext.h"
-
-#include <QMessageBox>
-#include <QPointer>
+#include "widgets/messages.h"
 
 bool confirmDeletion(QWidget *parent, const QString &title, const QString &text)
 {
-    const QPointer<QMessageBox> box(
-        new QMessageBox(QMessageBox::Question, title, text, QMessageBox::Ok | QMessageBox::Cancel, parent));
-    box->setTextFormat(Qt::PlainText);
-    box->setDefaultButton(QMessageBox::Cancel);
-    keepLongTextInside(box);
-    const int answer = box->exec();
-    if (!box)
-        return false;
-    delete box;
-    return answer == QMessageBox::Ok;
+    return askMessage(parent, QMessageBox::Question, title, text, QMessageBox::Ok | QMessageBox::Cancel,
+                      QMessageBox::Cancel)
+        == QMessageBox::Ok;
 }

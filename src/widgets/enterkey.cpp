@@ -2,6 +2,16 @@
 
 #include <QAbstractButton>
 #include <QKeyEvent>
+#include <QShortcut>
+
+void onEnter(QWidget *widget, const std::function<void()> &action)
+{
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto *shortcut = new QShortcut(key, widget);
+        shortcut->setContext(Qt::WidgetShortcut);
+        QObject::connect(shortcut, &QShortcut::activated, widget, action);
+    }
+}
 
 bool pressFocusedButton(const QWidget &dialog, const QKeyEvent &event)
 {

@@ -256,6 +256,7 @@ void TestFoodWidgetActions::readOnlyEditButtonOpensTheEditor()
     page.button("pushButtonEdit")->click();
     BOXES_DONE(boxes);
     page.on_tableViewFood_doubleClicked(page.foods()->currentIndex()); // the double click asks, the button does not
+    BOXES_DONE(boxes);
 }
 
 void TestFoodWidgetActions::typeIsAdded()
