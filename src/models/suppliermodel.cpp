@@ -21,6 +21,9 @@ const char *const supplierMailsTag = "SupplierModel - loadSupplierMails load";
 using Row = QList<QStandardItem *>;
 using RowMaker = std::function<Row(const QSqlQuery &)>;
 
+/// Role under which a cell keeps its key as a number, to sort by.
+constexpr int keyRole = Qt::UserRole + 1;
+
 /// The row as it came, one text cell a column.
 Row textRow(const QSqlQuery &query)
 {
@@ -165,6 +168,14 @@ QStandardItemModel *SupplierModel::loadOrderMails(uint supplierID, uint bid)
     if (supplierID != 0)
         statement += QStringLiteral(" AND sup.supplierID=:supplierID");
     appendRows(mails, database(), supplierMailsTag, statement,
-               {{bidPlaceholder(), bid}, {supplierPlaceholder(), supplierID}});
+               {{bidPlaceholder(), bid}, {supplierPlaceholder(), supplierID}}, [](const QSqlQuery &query) {
+                   const Row row = textRow(query);
+                   row.first()->setData(query.value(0).toUInt(), keyRole);
+                   return row;
+               });
+    // The server may join the mails in the order of their own keys, so that suppliers alternate; whoever writes to them
+    // goes by rows side by side. Rows of one supplier keep their order.
+    mails->setSortRole(keyRole);
+    mails->sort(0);
     return mails;
 }

@@ -44,7 +44,7 @@ public:
 
     /// Whom the orders of a branch are mailed to: the addresses of its suppliers, or of one of them; `supplierID` 0
     /// stands for all. A supplier without an address has one row with an empty mail; with `bid` 0, one that is linked
-    /// to no branch at all counts too. The rows of one supplier come next to each other as a rule, not by contract.
+    /// to no branch at all counts too. The rows are sorted by supplier, so that those of one come next to each other.
     /// Columns: 0 supplierID, 1 mail. A failure is logged under the tag of `loadSupplierMails`.
     QStandardItemModel *loadOrderMails(uint supplierID, uint bid);
 };

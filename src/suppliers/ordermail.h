@@ -23,8 +23,8 @@ struct Recipients {
 };
 
 /// The messages for `rows`, in their order. A message takes all later rows of its supplier along, and the next one
-/// begins behind the last of these: another supplier that stands between two rows of the same one gets no message. The
-/// rows of one supplier are expected side by side.
+/// begins behind the last of these: another supplier that stands between two rows of the same one gets no message, on
+/// purpose. The rows of one supplier are expected side by side, as `loadOrderMails` sorts them.
 QVector<Recipients> recipients(const QVector<AddressRow> &rows);
 
 /// What is ordered: an item and its number of portions, both as shown.

@@ -49,6 +49,7 @@ private slots:
     void orderMails_data();
     void orderMails();
     void orderMailsOfASupplierOfTwoBranches();
+    void orderMailsAreGrouped();
     void orderMailsKeepTheirShape();
     void unknownKeysGiveEmptyLists();
     void hostileTextStandsAsStored();
@@ -280,6 +281,19 @@ void TestSupplierModel::orderMailsOfASupplierOfTwoBranches()
         const List mails = list([bid](SupplierModel &model) { return model.loadOrderMails(3, bid); });
         QCOMPARE(rowTexts(*mails), QStringList{"3|bistro@bistro.sk"});
     }
+}
+
+/// Addresses that were entered by turns: the server joins a small table of mails in the order of their keys.
+void TestSupplierModel::orderMailsAreGrouped()
+{
+    m_database->exec(QStringLiteral("INSERT INTO via_suppliers (supplierID, name) VALUES (20, 'Gril'), (100, 'Pec')"));
+    m_database->exec(QStringLiteral("INSERT INTO via_supplierbranch (supplierID, bid) VALUES (100, 5), (20, 5)"));
+    m_database->exec(QStringLiteral("INSERT INTO via_suppliermails (supplierID, mail) VALUES (100, 'x@x.sk'), "
+                                    "(20, 'z@z.sk'), (2, 'b@b.sk'), (100, 'a@a.sk'), (20, 'y@y.sk'), (2, 'a@a.sk')"));
+    const List mails = list([](SupplierModel &model) { return model.loadOrderMails(0, 5); });
+    QCOMPARE(rowTexts(*mails),
+             (QStringList{"2|pec@pekaren.sk", "2|b@b.sk", "2|a@a.sk", "3|", "20|z@z.sk", "20|y@y.sk", "100|x@x.sk",
+                          "100|a@a.sk"}));
 }
 
 void TestSupplierModel::orderMailsKeepTheirShape()
