@@ -21,6 +21,9 @@ const char *const supplierMailsTag = "SupplierModel - loadSupplierMails load";
 using Row = QList<QStandardItem *>;
 using RowMaker = std::function<Row(const QSqlQuery &)>;
 
+/// Role under which a cell keeps its key as a number, to sort by.
+constexpr int keyRole = Qt::UserRole + 1;
+
 /// The row as it came, one text cell a column.
 Row textRow(const QSqlQuery &query)
 {
@@ -47,15 +50,20 @@ Row supplierRow(const QSqlQuery &query)
     return row;
 }
 
-/// Appends the rows of the statement to `list`; a failure is logged under `tag`. `key` is bound to `placeholder`, if
-/// the statement has it.
+/// Values of a statement by placeholder.
+using Keys = QVector<QPair<QString, uint>>;
+
+/// Appends the rows of the statement to `list`; a failure is logged under `tag`. Each of `keys` is bound, if the
+/// statement has its placeholder.
 bool appendRows(QStandardItemModel *list, const QSqlDatabase &db, const char *tag, const QString &statement,
-                const QString &placeholder, uint key, const RowMaker &rowOf = textRow)
+                const Keys &keys, const RowMaker &rowOf = textRow)
 {
     QSqlQuery query(db);
     query.prepare(statement);
-    if (statement.contains(placeholder))
-        query.bindValue(placeholder, key);
+    for (const auto &key : keys) {
+        if (statement.contains(key.first))
+            query.bindValue(key.first, key.second);
+    }
     if (!query.exec()) {
         SqlFailure::logWithCode(tag, query.lastError());
         return false;
@@ -97,7 +105,7 @@ QStandardItemModel *SupplierModel::checkableSuppliers(uint bid)
         : QStringLiteral("SELECT sup.supplierID, sup.name, sup.description, sup.deadline, csb.supplierID AS bid, "
                          "sup.shortcut, sup.daysto FROM via_suppliers AS sup LEFT JOIN via_supplierbranch AS csb ON "
                          "csb.supplierID=sup.supplierID AND csb.bid IS NULL");
-    appendRows(suppliers, database(), suppliersTag, statement, bidPlaceholder(), bid, supplierRow);
+    appendRows(suppliers, database(), suppliersTag, statement, {{bidPlaceholder(), bid}}, supplierRow);
     return suppliers;
 }
 
@@ -108,7 +116,7 @@ QStandardItemModel *SupplierModel::branchSuppliers(uint bid)
     const QString statement = QStringLiteral("SELECT sup.supplierID, sup.name FROM via_suppliers AS sup LEFT JOIN "
                                              "via_supplierbranch AS csb ON csb.supplierID=sup.supplierID WHERE ")
         + condition;
-    if (appendRows(suppliers, database(), suppliersTag, statement, bidPlaceholder(), bid))
+    if (appendRows(suppliers, database(), suppliersTag, statement, {{bidPlaceholder(), bid}}))
         suppliers->insertRow(0,
                              {new QStandardItem(QStringLiteral("0")), new QStandardItem(tr("- všetci dodávatelia -"))});
     return suppliers;
@@ -120,7 +128,7 @@ QStandardItemModel *SupplierModel::loadBranchMails(uint bid)
     const QString statement = bid != 0
         ? QStringLiteral("SELECT branchMailID, mail, bid FROM via_branchmails WHERE bid=:bid")
         : QStringLiteral("SELECT branchMailID, mail, bid FROM via_branchmails WHERE bid IS NULL");
-    appendRows(mails, database(), branchMailsTag, statement, bidPlaceholder(), bid);
+    appendRows(mails, database(), branchMailsTag, statement, {{bidPlaceholder(), bid}});
     return mails;
 }
 
@@ -131,7 +139,7 @@ QStandardItemModel *SupplierModel::loadSupplierTimes(uint supplierID)
         times, database(), supplierMailsTag,
         QStringLiteral("SELECT proMailDelayID, supplierID, sendtime, daysto FROM via_promailsdelay WHERE "
                        "supplierID=:supplierID ORDER BY daysto, sendtime"),
-        supplierPlaceholder(), supplierID, [](const QSqlQuery &query) {
+        {{supplierPlaceholder(), supplierID}}, [](const QSqlQuery &query) {
             const QString text = query.value(QStringLiteral("sendtime")).toTime().toString(QStringLiteral("hh:mm"))
                 + QStringLiteral(" - ") + sqlText(query.value(QStringLiteral("daysto"))) + tr(" dní pred výdajom.");
             return Row{new QStandardItem(sqlText(query.value(QStringLiteral("proMailDelayID")))),
@@ -146,6 +154,28 @@ QStandardItemModel *SupplierModel::loadSupplierMails(uint supplierID)
     appendRows(
         mails, database(), supplierMailsTag,
         QStringLiteral("SELECT supplierMailID, mail, supplierID FROM via_suppliermails WHERE supplierID=:supplierID"),
-        supplierPlaceholder(), supplierID);
+        {{supplierPlaceholder(), supplierID}});
+    return mails;
+}
+
+QStandardItemModel *SupplierModel::loadOrderMails(uint supplierID, uint bid)
+{
+    auto *mails = new QStandardItemModel(0, 2);
+    QString statement = QStringLiteral(
+        "SELECT sup.supplierID, csm.mail FROM via_suppliers AS sup LEFT JOIN via_supplierbranch AS csb ON "
+        "csb.supplierID=sup.supplierID LEFT JOIN via_suppliermails AS csm ON sup.supplierID=csm.supplierID ");
+    statement += bid != 0 ? QStringLiteral("WHERE csb.bid=:bid") : QStringLiteral("WHERE csb.bid IS NULL");
+    if (supplierID != 0)
+        statement += QStringLiteral(" AND sup.supplierID=:supplierID");
+    appendRows(mails, database(), supplierMailsTag, statement,
+               {{bidPlaceholder(), bid}, {supplierPlaceholder(), supplierID}}, [](const QSqlQuery &query) {
+                   const Row row = textRow(query);
+                   row.first()->setData(query.value(0).toUInt(), keyRole);
+                   return row;
+               });
+    // The server may join the mails in the order of their own keys, so that suppliers alternate; whoever writes to them
+    // goes by rows side by side. Rows of one supplier keep their order.
+    mails->setSortRole(keyRole);
+    mails->sort(0);
     return mails;
 }

@@ -41,4 +41,10 @@ public:
 
     /// The mail addresses of the supplier. Columns: 0 supplierMailID, 1 mail, 2 supplierID.
     QStandardItemModel *loadSupplierMails(uint supplierID);
+
+    /// Whom the orders of a branch are mailed to: the addresses of its suppliers, or of one of them; `supplierID` 0
+    /// stands for all. A supplier without an address has one row with an empty mail; with `bid` 0, one that is linked
+    /// to no branch at all counts too. The rows are sorted by supplier, so that those of one come next to each other.
+    /// Columns: 0 supplierID, 1 mail. A failure is logged under the tag of `loadSupplierMails`.
+    QStandardItemModel *loadOrderMails(uint supplierID, uint bid);
 };

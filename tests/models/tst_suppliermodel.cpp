@@ -46,6 +46,11 @@ private slots:
     void branchMails();
     void supplierTimes();
     void supplierMails();
+    void orderMails_data();
+    void orderMails();
+    void orderMailsOfASupplierOfTwoBranches();
+    void orderMailsAreGrouped();
+    void orderMailsKeepTheirShape();
     void unknownKeysGiveEmptyLists();
     void hostileTextStandsAsStored();
     void failures_data();
@@ -236,6 +241,70 @@ void TestSupplierModel::supplierMails()
              (QStringList{QStringLiteral("11|objednavky@jedalen.sk|1"), QStringLiteral("12|kuchyna@jedalen.sk|1")}));
 }
 
+/// Suppliers 1 and 4 have no branch, 4 not even a link; 2 and 3 deliver to branch 5, 3 to branch 6 too.
+void TestSupplierModel::orderMails_data()
+{
+    QTest::addColumn<uint>("supplierID");
+    QTest::addColumn<uint>("bid");
+    QTest::addColumn<QStringList>("rows");
+    const QStringList ofFirst{"1|objednavky@jedalen.sk", "1|kuchyna@jedalen.sk"};
+    QTest::newRow("all, no branch") << 0U << 0U << ofFirst + QStringList{"4|"};
+    QTest::newRow("one, no branch") << 1U << 0U << ofFirst;
+    QTest::newRow("one without a link, no branch") << 4U << 0U << QStringList{"4|"};
+    QTest::newRow("one of a branch, no branch") << 2U << 0U << QStringList();
+    QTest::newRow("all, branch") << 0U << 5U << QStringList{"2|pec@pekaren.sk", "3|"};
+    QTest::newRow("one, branch") << 2U << 5U << QStringList{"2|pec@pekaren.sk"};
+    QTest::newRow("one without mails, branch") << 3U << 5U << QStringList{"3|"};
+    QTest::newRow("one of no branch, branch") << 1U << 5U << QStringList();
+    QTest::newRow("one of another branch, branch") << 2U << 6U << QStringList();
+    QTest::newRow("unknown branch") << 0U << 99U << QStringList();
+    QTest::newRow("unknown supplier") << 99U << 5U << QStringList();
+    QTest::newRow("largest keys") << 4294967295U << 4294967295U << QStringList();
+}
+
+void TestSupplierModel::orderMails()
+{
+    QFETCH(uint, supplierID);
+    QFETCH(uint, bid);
+    m_database->exec(QStringLiteral("INSERT INTO via_suppliers (supplierID, name) VALUES (4, 'Nový')"));
+    const LogCatcher log;
+    const List mails = list([=](SupplierModel &model) { return model.loadOrderMails(supplierID, bid); });
+    QTEST(rowTexts(*mails), "rows");
+    QCOMPARE(log.lines(), QStringList());
+}
+
+/// Each link is looked at by itself: the mails do not come once for every branch.
+void TestSupplierModel::orderMailsOfASupplierOfTwoBranches()
+{
+    m_database->exec(QStringLiteral("INSERT INTO via_suppliermails (supplierID, mail) VALUES (3, 'bistro@bistro.sk')"));
+    for (const uint bid : {5U, 6U}) {
+        const List mails = list([bid](SupplierModel &model) { return model.loadOrderMails(3, bid); });
+        QCOMPARE(rowTexts(*mails), QStringList{"3|bistro@bistro.sk"});
+    }
+}
+
+/// Addresses that were entered by turns: the server joins a small table of mails in the order of their keys.
+void TestSupplierModel::orderMailsAreGrouped()
+{
+    m_database->exec(QStringLiteral("INSERT INTO via_suppliers (supplierID, name) VALUES (20, 'Gril'), (100, 'Pec')"));
+    m_database->exec(QStringLiteral("INSERT INTO via_supplierbranch (supplierID, bid) VALUES (100, 5), (20, 5)"));
+    m_database->exec(QStringLiteral("INSERT INTO via_suppliermails (supplierID, mail) VALUES (100, 'x@x.sk'), "
+                                    "(20, 'z@z.sk'), (2, 'b@b.sk'), (100, 'a@a.sk'), (20, 'y@y.sk'), (2, 'a@a.sk')"));
+    const List mails = list([](SupplierModel &model) { return model.loadOrderMails(0, 5); });
+    QCOMPARE(rowTexts(*mails),
+             (QStringList{"2|pec@pekaren.sk", "2|b@b.sk", "2|a@a.sk", "3|", "20|z@z.sk", "20|y@y.sk", "100|x@x.sk",
+                          "100|a@a.sk"}));
+}
+
+void TestSupplierModel::orderMailsKeepTheirShape()
+{
+    const List mails = list([](SupplierModel &model) { return model.loadOrderMails(0, 5); });
+    const QAbstractItemModelTester tester(mails.get());
+    QVERIFY(!mails->parent());
+    QCOMPARE(mails->columnCount(), 2);
+    QCOMPARE(list([](SupplierModel &model) { return model.loadOrderMails(0, 99); })->columnCount(), 2);
+}
+
 void TestSupplierModel::unknownKeysGiveEmptyLists()
 {
     const LogCatcher log;
@@ -284,6 +353,13 @@ void TestSupplierModel::failures_data()
             << "SupplierModel - loadBranchMails load"
             << Load([bid](SupplierModel &model) { return model.loadBranchMails(bid); });
     }
+    for (const uint supplierID : {0U, 1U}) {
+        for (const uint bid : {0U, 5U})
+            QTest::addRow("loadOrderMails %u %u", supplierID, bid)
+                << "via_suppliermails"
+                << "SupplierModel - loadSupplierMails load"
+                << Load([=](SupplierModel &model) { return model.loadOrderMails(supplierID, bid); });
+    }
     // The times are logged under the tag of the mails, which log readers know them by.
     QTest::addRow("loadSupplierTimes") << "via_promailsdelay"
                                        << "SupplierModel - loadSupplierMails load"
@@ -331,11 +407,11 @@ void TestSupplierModel::closedHandleGivesEmptyLists()
         const LogCatcher log;
         QVERIFY(!model.loadAllSuppliers());
         const List lists[] = {List(model.checkableSuppliers(5)), List(model.branchSuppliers(5)),
-                              List(model.loadBranchMails(5)), List(model.loadSupplierTimes(1)),
-                              List(model.loadSupplierMails(1))};
+                              List(model.loadBranchMails(5)),    List(model.loadSupplierTimes(1)),
+                              List(model.loadSupplierMails(1)),  List(model.loadOrderMails(1, 5))};
         for (const List &rows : lists)
             QCOMPARE(rows->rowCount(), 0);
-        QCOMPARE(log.critical().size(), 6);
+        QCOMPARE(log.critical().size(), 7);
     }
     QSqlDatabase::removeDatabase(name);
 }
