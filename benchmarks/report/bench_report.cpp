@@ -5,18 +5,13 @@
 // conditions, highlighting and totals: at 5,000 rows at most 2.5 times its floor.
 #include "report/rptengine.h"
 #include "support/figures.h"
+#include "support/processcost.h"
 
 #include <QApplication>
 #include <QDomDocument>
-#include <QFile>
 #include <QPainter>
 #include <QPrinter>
 #include <QTemporaryDir>
-
-#include <functional>
-
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
@@ -150,60 +145,11 @@ void drawReport(const QString &fileName, int rows, bool rich)
     engine.exportToPdf(fileName, true);
 }
 
-struct Cost {
-    double milliseconds;
-    double megabytes; ///< the most that was resident
-};
-
-/// Runs `work` in a process of its own, so that its memory can be told.
-Cost costOf(const std::function<void()> &work)
-{
-    int ends[2];
-    if (pipe(ends) != 0)
-        qFatal("no pipe");
-    const pid_t child = fork();
-    if (child == 0) {
-        const double start = processorMilliseconds();
-        work();
-        Cost cost{processorMilliseconds() - start, 0};
-        QFile status(QStringLiteral("/proc/self/status"));
-        if (status.open(QIODevice::ReadOnly)) {
-            const QList<QByteArray> lines = status.readAll().split('\n');
-            for (const QByteArray &line : lines) {
-                if (line.startsWith("VmHWM:"))
-                    cost.megabytes = line.mid(6).trimmed().split(' ').first().toDouble() / 1024;
-            }
-        }
-        if (write(ends[1], &cost, sizeof cost) != sizeof cost)
-            _exit(1);
-        _exit(0);
-    }
-    Cost cost{};
-    if (read(ends[0], &cost, sizeof cost) != sizeof cost)
-        qFatal("the measured process failed");
-    waitpid(child, nullptr, 0);
-    close(ends[0]);
-    close(ends[1]);
-    return cost;
-}
-
-Cost medianCost(int runs, const std::function<void()> &work)
-{
-    QVector<double> times;
-    QVector<double> memory;
-    for (int run = 0; run < runs; ++run) {
-        const Cost cost = costOf(work);
-        times.append(cost.milliseconds);
-        memory.append(cost.megabytes);
-    }
-    return {median(times), median(memory)};
-}
-
 double measure(const QString &what, int rows, bool rich, double limit, const QString &fileName)
 {
     constexpr int runs = 3;
-    const Cost floor = medianCost(runs, [&] { drawBare(fileName, rows, rich); });
-    const Cost report = medianCost(runs, [&] { drawReport(fileName, rows, rich); });
+    const ProcessCost floor = medianCost(runs, [&] { drawBare(fileName, rows, rich); });
+    const ProcessCost report = medianCost(runs, [&] { drawReport(fileName, rows, rich); });
     const QString line = QStringLiteral("%1, %2 rows: %3 ms, floor %4 ms, ratio")
                              .arg(what)
                              .arg(rows)
@@ -232,7 +178,7 @@ void measureGroups(const QString &fileName)
                         + label(QStringLiteral("&lt;Sum([n])&gt;"), 0, columnWidth) + QStringLiteral("</ReportBand>")
                         + band("ReportSummary", rowHeight, label(QStringLiteral("&lt;Sum([n])&gt;"), 0, columnWidth))
                         + QStringLiteral("</Report></Reports>"));
-    const Cost cost = costOf([&] {
+    const ProcessCost cost = medianCost(1, [&] {
         RptEngine engine;
         engine.loadReportDocument(document);
         QObject::connect(&engine, &RptEngine::setDSInfo, [](DataSetInfo &info) { info.recordCount = records; });

@@ -13,6 +13,7 @@
 #include "session/menucolumns.h"
 #include "session/session.h"
 #include "store/orderablerepository.h"
+#include "suppliers/dialogreport.h"
 #include "ui_daymenuwidget.h"
 #include "widgets/enterkey.h"
 #include "widgets/execdialog.h"
@@ -352,7 +353,7 @@ void DayMenuWidget::on_toolButtonPersonReport_clicked()
 
 void DayMenuWidget::on_toolButtonMenuReport_clicked()
 {
-    // The dispatch of the cell's orders to the suppliers comes here.
+    execDialog<DialogReport>(m_date, m_segmentID, m_branchID, m_db, this);
 }
 
 bool DayMenuWidget::eventFilter(QObject *watched, QEvent *event)

@@ -15,6 +15,7 @@ class CardGrid;
 class FoodRepository;
 class MonthlyOverviewModel;
 class PeopleModel;
+class RptFieldObject;
 class QAbstractItemModel;
 class QStandardItemModel;
 class SegmentModel;
@@ -139,6 +140,8 @@ private:
     void loadMonth(bool ofPerson);
     /// The page may be gone afterwards.
     void print(const QString &templateFile);
+    /// Makes the letters of a title smaller whose line, with a long name in it, would leave its panel.
+    void fitTitle(RptFieldObject &field);
 
     QMap<QString, QVariant> m_filter;
     bool m_filterReady = false;

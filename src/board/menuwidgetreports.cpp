@@ -3,8 +3,10 @@
 #include "board/menuwidget.h"
 #include "exports/boardreport.h"
 #include "exports/reportmonth.h"
+#include "exports/titlefont.h"
 #include "models/ordermodel.h"
 #include "report/previewreport.h"
+#include "report/rptfieldobject.h"
 #include "session/sqlfailure.h"
 #include "store/foodrepository.h"
 #include "ui_menuwidget.h"
@@ -56,12 +58,17 @@ void MenuWidget::on_toolButtonMonthly_clicked()
 {
     const bool ofPerson = m_curGuiState == GS_ORDERS;
     loadMonth(ofPerson);
-    if (!m_ui->actionExportToXLS->isChecked())
-        print(ofPerson ? QStringLiteral(":/monthlyreport.xml") : QStringLiteral(":/branchmonthlyreport.xml"));
-    else if (ofPerson)
-        monthlyExportOrderDelivToXLS(m_personID);
-    else
-        monthlyExportToXLS();
+    if (m_ui->actionExportToXLS->isChecked()) {
+        if (ofPerson)
+            monthlyExportOrderDelivToXLS(m_personID);
+        else
+            monthlyExportToXLS();
+    } else if (ofPerson) {
+        previewReport(this, QStringLiteral(":/monthlyreport.xml"), &MenuWidget::setValue, &MenuWidget::setDSInfo,
+                      &MenuWidget::fitTitle);
+    } else {
+        print(QStringLiteral(":/branchmonthlyreport.xml"));
+    }
 }
 
 void MenuWidget::loadMonth(bool ofPerson)
@@ -77,6 +84,14 @@ void MenuWidget::loadMonth(bool ofPerson)
 void MenuWidget::print(const QString &templateFile)
 {
     previewReport(this, templateFile, &MenuWidget::setValue, &MenuWidget::setDSInfo);
+}
+
+void MenuWidget::fitTitle(RptFieldObject &field)
+{
+    if (field.name != QLatin1String("title"))
+        return;
+    const QString text = QString(field.value).replace(QLatin1String("[header]"), monthlyHeader());
+    field.font.setPointSize(fittingPointSize(field.font, text, field.rect.width()));
 }
 
 // Exports -------------------------------------------------------------------------------------------------------------

@@ -5,6 +5,18 @@
 #include <algorithm>
 #include <memory>
 
+namespace {
+
+/// Fonts draw some pairs of letters as one; a reader searches for the letters.
+QString withoutLigatures(QString text)
+{
+    return text.replace(QChar(0xfb00), QLatin1String("ff"))
+        .replace(QChar(0xfb01), QLatin1String("fi"))
+        .replace(QChar(0xfb02), QLatin1String("fl"));
+}
+
+} // namespace
+
 QVector<PdfWord> pdfWords(const QString &fileName)
 {
     QVector<PdfWord> words;
@@ -13,7 +25,7 @@ QVector<PdfWord> pdfWords(const QString &fileName)
         const std::unique_ptr<Poppler::Page> page(document->page(number));
         const QList<Poppler::TextBox *> boxes = page->textList();
         for (const Poppler::TextBox *box : boxes)
-            words.append({number + 1, box->text(), box->boundingBox()});
+            words.append({number + 1, withoutLigatures(box->text()), box->boundingBox()});
         qDeleteAll(boxes);
     }
     return words;
