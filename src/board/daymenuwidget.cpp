@@ -6,8 +6,10 @@
 #include "board/dialogmenu.h"
 #include "board/menudelegate.h"
 #include "board/orderdialog.h"
+#include "exports/cardreport.h"
 #include "models/daymenuproxymodel.h"
 #include "models/peoplemodel.h"
+#include "report/previewreport.h"
 #include "session/menucolumns.h"
 #include "session/session.h"
 #include "store/orderablerepository.h"
@@ -132,6 +134,8 @@ void DayMenuWidget::setDate(QDate date)
 
 void DayMenuWidget::setPerson(int personID)
 {
+    if (m_personID != personID)
+        m_personName.reset();
     m_personID = personID;
 }
 
@@ -314,16 +318,36 @@ void DayMenuWidget::setDSInfo(DataSetInfo &dsInfo)
 
 void DayMenuWidget::setValue(const int recNo, const QString paramName, QVariant &paramValue, const int reportPage)
 {
-    // The values of the person's printout come here.
-    Q_UNUSED(recNo)
-    Q_UNUSED(paramName)
-    Q_UNUSED(paramValue)
     Q_UNUSED(reportPage)
+    if (paramName == QLatin1String("header"))
+        paramValue = reportHeader();
+    else
+        CardReport::setValue(*m_proxy, recNo, paramName, paramValue);
+}
+
+QString DayMenuWidget::reportHeader()
+{
+    if (m_personID == -1)
+        return CardReport::menuHeader(m_date, m_segmentName, m_report);
+    return CardReport::personHeader(m_date, m_segmentName, personName());
+}
+
+QString DayMenuWidget::personName()
+{
+    if (!m_personName)
+        m_personName = m_peopleModel->personName(m_personID);
+    return *m_personName;
 }
 
 void DayMenuWidget::on_toolButtonPersonReport_clicked()
 {
-    // The printout of the person's orders comes here.
+    // A failure's box may outlive the card.
+    const QPointer<DayMenuWidget> self(this);
+    const QString name = m_personID == -1 ? QString() : m_peopleModel->personName(m_personID);
+    if (!self)
+        return;
+    m_personName = name;
+    previewReport(this, QStringLiteral(":/personreport.xml"), &DayMenuWidget::setValue, &DayMenuWidget::setDSInfo);
 }
 
 void DayMenuWidget::on_toolButtonMenuReport_clicked()

@@ -11,6 +11,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 class DayMenuProxyModel;
 class MenuDelegate;
@@ -80,7 +81,9 @@ public slots:
     void on_toolButtonOrder_clicked();
     /// Tells a running printout the number of rows shown.
     void setDSInfo(DataSetInfo &dsInfo);
+    /// Gives a running printout its values: `CardReport::setValue` on the rows shown, and "header".
     void setValue(const int recNo, const QString paramName, QVariant &paramValue, const int reportPage);
+    /// Prints the rows shown by way of the preview. The card may be gone when that is closed.
     void on_toolButtonPersonReport_clicked();
     void on_toolButtonMenuReport_clicked();
     /// Opens the list of orders of the item in that row; nothing on headings and while a person is selected.
@@ -99,6 +102,8 @@ private:
     void readItems(CardState &state) const;
     qint64 shownSum() const;
     void apply(const CardButtons &buttons);
+    QString reportHeader();
+    QString personName();
 
     QDate m_date;
     QSqlDatabase m_db;
@@ -113,6 +118,9 @@ private:
     MenuDelegate *m_delegate;
     DayMenuProxyModel *m_proxy;
     PeopleModel *m_peopleModel;
+    /// The person's label for the printout, once it was asked for: a print reads it over and over, and reading it from
+    /// the database may open a box.
+    std::optional<QString> m_personName;
     QPointer<QAbstractItemModel> m_sourceModel;
     bool m_orderLimitEnabled = false;
     QIcon m_lockedImage;

@@ -8,7 +8,6 @@
 #include "models/peoplemodel.h"
 #include "models/segmentmodel.h"
 #include "models/typemodel.h"
-#include "session/sqlfailure.h"
 #include "store/foodrepository.h"
 #include "store/orderablerepository.h"
 #include "store/settingsrepository.h"
@@ -20,8 +19,6 @@
 #include <QDebug>
 #include <QMenu>
 #include <QSignalBlocker>
-#include <QSqlError>
-#include <QSqlQuery>
 #include <QStandardItemModel>
 
 namespace {
@@ -221,60 +218,4 @@ void MenuWidget::hidewidgets()
 {
     if (m_cards)
         m_cards->hideInactiveDays(m_activeDays);
-}
-
-// Printouts and exports -----------------------------------------------------------------------------------------------
-
-void MenuWidget::setDSInfo(DataSetInfo &dsInfo)
-{
-    dsInfo.recordCount = m_reportModel ? m_reportModel->rowCount() : 0;
-}
-
-void MenuWidget::setValue(const int recNo, const QString paramName, QVariant &paramValue, const int reportPage)
-{
-    // The values of the weekly and monthly printouts come here.
-    Q_UNUSED(recNo)
-    Q_UNUSED(paramName)
-    Q_UNUSED(paramValue)
-    Q_UNUSED(reportPage)
-}
-
-void MenuWidget::on_toolButtonWeekly_clicked()
-{
-    // The printout of the week's menu comes here.
-}
-
-void MenuWidget::on_toolButtonMonthly_clicked()
-{
-    // The monthly printout, or its spreadsheet with actionExportToXLS checked, comes here.
-}
-
-void MenuWidget::on_toolButtonExport_clicked()
-{
-    // The control export of the month comes here.
-}
-
-void MenuWidget::monthlyExportToXLS()
-{
-    // The branch's monthly spreadsheet comes here.
-}
-
-void MenuWidget::monthlyExportOrderDelivToXLS(int selUid)
-{
-    // The person's monthly spreadsheet comes here.
-    Q_UNUSED(selUid)
-}
-
-QString MenuWidget::getReserveCompanyName()
-{
-    QSqlQuery query(m_db);
-    if (!query.exec(QStringLiteral("SELECT value FROM vars WHERE name = 'LCNSN'"))) {
-        SqlFailure::log("MenuWidget::getReserveCompanyName()", query.lastError());
-        return {};
-    }
-    if (!query.next())
-        return {};
-    // The text ends at the first zero byte.
-    const QByteArray licence = QByteArray::fromBase64(query.value(0).toByteArray());
-    return QString::fromUtf8(licence.constData());
 }

@@ -75,13 +75,18 @@ public slots:
     /// Makes the cards of each row equally high.
     void setDayWidgetHeight();
     void on_toolButton_clicked();
+    /// Loads the orders of the month of the selected date, those of the person in `GS_ORDERS`, of the branch in
+    /// `GS_MENU`, and prints them by way of the preview or, with `actionExportToXLS` checked, exports them. The page
+    /// may be gone when the preview closes; so it may for the weekly printout.
     void on_toolButtonMonthly_clicked();
-    /// Tells a running printout its number of records.
+    /// Tells a running printout its number of records: the rows that were loaded for the last one, 0 before the first.
     void setDSInfo(DataSetInfo &dsInfo);
+    /// Gives a running printout its values: `BoardReport::setValue` on the rows loaded last, and "header".
     void setValue(const int recNo, const QString paramName, QVariant &paramValue, const int reportPage);
     void on_comboBoxBranches_currentIndexChanged(int index);
     /// Hides the columns of the weekdays that the settings do not show.
     void hidewidgets();
+    /// Prints the published menu of the shown week and branch by way of the preview.
     void on_toolButtonWeekly_clicked();
     /// Loads the menu of the selected week, branch and person and shows it on all cards.
     void resetModel();
@@ -115,7 +120,8 @@ private:
     void showMenu();
     void showOrders();
     void setPersonWidgetsVisible(bool visible);
-    void setMonthlyCaption(const QString &what, const QString &dateFormat);
+    /// `ending` follows the month.
+    void setMonthlyCaption(const QString &what, const QString &ending);
     void enableArrows(const WeekArrows &arrows);
     /// Loads the people of the week that was set last, and selects nobody. No signal tells of it.
     void loadPeople();
@@ -129,12 +135,18 @@ private:
     /// The uid in a row of the people, 0 for -1.
     int personInRow(int row) const;
 
+    QString monthlyHeader() const;
+    void loadMonth(bool ofPerson);
+    /// The page may be gone afterwards.
+    void print(const QString &templateFile);
+
     QMap<QString, QVariant> m_filter;
     bool m_filterReady = false;
     QSqlDatabase m_db;
     PeopleModel *m_peopleModel = nullptr;
     QDate m_peopleWeek; ///< the week that the list of people was last set to
-    QAbstractItemModel *m_reportModel = nullptr; ///< behind the running printout
+    std::unique_ptr<QAbstractItemModel> m_reportModel; ///< behind the running printout, until the next one
+    double m_monthlyTotal = 0; ///< of the monthly printout, in the currency of the prices
     const unsigned m_adminID;
     TypeRepository *m_typeRepository = nullptr;
     SettingsRepository *m_settingsRepository = nullptr;

@@ -4,12 +4,12 @@
 #include "board/menuwidget.h"
 #include "board/weekarrows.h"
 #include "board/weeklist.h"
+#include "exports/reportmonth.h"
 #include "models/peoplemodel.h"
 #include "people/peoplecomboboxdialog.h"
 #include "ui_menuwidget.h"
 
 #include <QDebug>
-#include <QLocale>
 #include <QMessageBox>
 #include <QPointer>
 #include <QSignalBlocker>
@@ -62,7 +62,7 @@ void MenuWidget::refreshPeopleWeekChange()
 {
     qDebug() << "MenuWidget::refreshPeopleWeekChange() ~BEGIN~";
     // In both modes the same words, although on_radioButton_toggled sets others for GS_MENU: kept on purpose.
-    setMonthlyCaption(tr("obj. stravy"), QStringLiteral("MMMM yyyy  "));
+    setMonthlyCaption(tr("obj. stravy"), QStringLiteral("  "));
     if (m_curGuiState == GS_ORDERS)
         refreshPeople();
     else if (m_cards)
@@ -182,7 +182,7 @@ void MenuWidget::on_radioButton_toggled(bool checked)
 
 void MenuWidget::showMenu()
 {
-    setMonthlyCaption(tr("objednávok"), QStringLiteral("MMMM yyyy "));
+    setMonthlyCaption(tr("objednávok"), QStringLiteral(" "));
     m_personID = -1;
     if (m_cards)
         m_cards->setPerson(m_personID);
@@ -195,7 +195,7 @@ void MenuWidget::showMenu()
 
 void MenuWidget::showOrders()
 {
-    setMonthlyCaption(tr("obj. stravy"), QStringLiteral("MMMM yyyy"));
+    setMonthlyCaption(tr("obj. stravy"), QString());
     if (m_peopleModel)
         loadPeopleAndSelectFirst();
 }
@@ -208,10 +208,9 @@ void MenuWidget::setPersonWidgetsVisible(bool visible)
     m_ui->toolButton->setVisible(visible);
 }
 
-void MenuWidget::setMonthlyCaption(const QString &what, const QString &dateFormat)
+void MenuWidget::setMonthlyCaption(const QString &what, const QString &ending)
 {
-    m_ui->toolButtonMonthly->setText(
-        tr("Mesačný výpis %1: %2").arg(what, QLocale().toString(m_selectedDate, dateFormat)));
+    m_ui->toolButtonMonthly->setText(tr("Mesačný výpis %1: %2").arg(what, ReportMonth::text(m_selectedDate) + ending));
 }
 
 int MenuWidget::personInRow(int row) const

@@ -34,7 +34,6 @@ private slots:
     void enterOpensTheOrdersOfAnItem();
     void doubleClickIsDeafElsewhere_data();
     void doubleClickIsDeafElsewhere();
-    void buttonsOfLaterWorkChangeNothing();
 
 private:
     std::unique_ptr<DayMenuWidget> makeCard(int person = -1);
@@ -286,22 +285,6 @@ void TestDayMenuActions::doubleClickIsDeafElsewhere()
     BOXES_DONE(boxes);
     QCOMPARE(boxes.answered(), 0);
     QCOMPARE(log.lines(), QStringList());
-}
-
-void TestDayMenuActions::buttonsOfLaterWorkChangeNothing()
-{
-    m_data.item(m_food, m_obed, m_today, 1);
-    m_grid.addFood(1, m_obed, m_today, 1);
-    const auto card = makeCard();
-    const QSignalSpy resetModel(card.get(), &DayMenuWidget::resetmodel);
-    BoxAnswerer boxes;
-    LogCatcher log;
-    button(*card, "toolButtonMenuReport")->click();
-    button(*card, "toolButtonPersonReport")->click();
-    BOXES_DONE(boxes);
-    QCOMPARE(boxes.answered(), 0);
-    QCOMPARE(log.lines(), QStringList());
-    QCOMPARE(resetModel.count(), 0);
 }
 
 QTEST_MAIN(TestDayMenuActions)

@@ -133,6 +133,11 @@ QStringList TestDatabase::rows(const QString &query) const
     return rows;
 }
 
+void TestDatabase::loadDemoFirm() const
+{
+    runSqlFile(m_name, QStringLiteral("demo.sql"));
+}
+
 void TestDatabase::clear() const
 {
     exec(QStringLiteral("SET foreign_key_checks = 0"));

@@ -31,6 +31,8 @@ public:
     QVariant value(const QString &query) const;
     /// All rows as text, columns joined with "|", NULL as "NULL".
     QStringList rows(const QString &query) const;
+    /// Puts the demo firm into the empty database, relative to today and without pictures.
+    void loadDemoFirm() const;
     /// Empties every table and starts the keys anew.
     void clear() const;
     /// Makes every later statement of the module's connection fail, as when the server has gone.
