@@ -6,8 +6,8 @@ namespace {
 
 constexpr int leastPointSize = 6;
 constexpr double pointInMillimetres = 25.4 / 72;
-/// What the engine keeps free beside a label's text, with a little air; millimetres.
-constexpr double reserve = 1;
+/// What stays free beside the text, the little that the engine keeps free in a label included; millimetres.
+constexpr double reserve = 8;
 /// Large enough that no letter's width is rounded noticeably.
 constexpr int measuringPixels = 1000;
 

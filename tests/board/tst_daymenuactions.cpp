@@ -30,6 +30,7 @@ private slots:
     void orderOpensTheOrderDialog();
     void cancelledOrderResetsNothing();
     void copyOpensTheCopyDialog();
+    void reportOpensTheDispatch();
     void doubleClickOpensTheOrdersOfAnItem();
     void enterOpensTheOrdersOfAnItem();
     void doubleClickIsDeafElsewhere_data();
@@ -219,6 +220,27 @@ void TestDayMenuActions::copyOpensTheCopyDialog()
     BOXES_DONE(boxes);
     QCOMPARE(m_database.rows(QStringLiteral("SELECT date, locked FROM via_orderables ORDER BY orderableID")),
              (QStringList{m_today.toString(Qt::ISODate) + "|1", m_today.addDays(1).toString(Qt::ISODate) + "|0"}));
+}
+
+void TestDayMenuActions::reportOpensTheDispatch()
+{
+    m_data.item(m_food, m_obed, m_today, 1);
+    m_grid.addFood(1, m_obed, m_today, 1);
+    const auto card = makeCard();
+    const QSignalSpy resetModel(card.get(), &DayMenuWidget::resetmodel);
+    BoxAnswerer boxes;
+    boxes.expectDialog(QStringLiteral("DialogReport"), [this, &card](QDialog *dialog) {
+        QCOMPARE(dialog->parent(), card.get());
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("Odoslanie / tlač objednávky"));
+        QCOMPARE(dialog->findChild<QLabel *>(QStringLiteral("labelTitle"))->text(),
+                 m_today.toString(QStringLiteral("d.M.yyyy")) + QStringLiteral(" Obed"));
+        dialog->reject();
+    });
+    button(*card, "toolButtonMenuReport")->click();
+    BOXES_DONE(boxes);
+    QCOMPARE(boxes.answered(), 1);
+    QCOMPARE(resetModel.count(), 0);
+    QVERIFY(card->findChildren<QDialog *>().isEmpty());
 }
 
 void TestDayMenuActions::doubleClickOpensTheOrdersOfAnItem()

@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSettings>
+#include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QToolBar>
 
@@ -42,6 +43,8 @@ private slots:
     void pickUpList();
     void ordersGoOutByMail();
     void savedAsHtml();
+    void namesOnPaper_data();
+    void namesOnPaper();
 
 private:
     void openBoard(int branch = 0);
@@ -539,6 +542,59 @@ void TestReportPlugin::savedAsHtml()
         + inMonth();
     const QString total = sql("SELECT " + money("SUM(r.quantity*o.price)") + cells);
     QVERIFY(html.contains('>' + total + QLatin1String("</div>")));
+}
+
+void TestReportPlugin::namesOnPaper_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("paper");
+    QTest::addColumn<QString>("html");
+    const QString signs = QStringLiteral("Fish & chips #2 100% %1 ? \"a\" 'b'");
+    QTest::newRow("signs") << signs << signs << signs;
+    const QString markup = QStringLiteral("<b>tučné</b> & <i>");
+    QTest::newRow("markup") << markup << markup << markup;
+    const QString tokens = QStringLiteral("[0] <Page> <Sum([4])>");
+    QTest::newRow("tokens") << tokens << tokens << tokens;
+    QTest::newRow("line break") << "prvý\ndruhý"
+                                << "prvý druhý"
+                                << "prvý\ndruhý";
+    const QString word = QStringLiteral("Vyprážanobravčovorezňovo").repeated(4);
+    QTest::newRow("long word") << word << word << word;
+}
+
+/// A name on the week's menu: on paper as the column of foods reads, in HTML as it stands in the file.
+void TestReportPlugin::namesOnPaper()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, paper);
+    QFETCH(QString, html);
+    const QString food =
+        sql(QStringLiteral("SELECT o.foodID FROM via_orderables o WHERE o.locked>0 AND o.bid IS NULL AND "
+                           "o.date='%1' AND o.segmentID=2 ORDER BY o.position LIMIT 1")
+                .arg(m_thursday.toString(Qt::ISODate)));
+    const QString before = m_database->value("SELECT name FROM via_foods WHERE foodID=" + food).toString();
+    QSqlQuery rename(m_database->db());
+    rename.prepare(QStringLiteral("UPDATE via_foods SET name=? WHERE foodID=") + food);
+    rename.bindValue(0, name);
+    QVERIFY(rename.exec());
+    openBoard();
+    const QString shortcut =
+        sql("SELECT s.shortcut FROM via_foods f JOIN via_suppliers s USING (supplierID) WHERE f.foodID=" + food);
+    const Printout printout(print(m_board, "toolButtonWeekly"), weeklyBands);
+    const QString htmlFile = expectPreviews(1, "actExpToHtml").first();
+    click(m_board, "toolButtonWeekly");
+    rename.bindValue(0, before);
+    QVERIFY(rename.exec());
+    BOXES_DONE(m_boxes);
+
+    const QString column = printout.column(172, 605);
+    QVERIFY2(column.contains(' ' + shortcut + ' ' + paper + ' '), qPrintable(column));
+    // A long word runs over what stands beside it.
+    QCOMPARE(printout.collisions().isEmpty(), name.size() < 60);
+    QFile file(htmlFile);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(file.readAll());
+    QVERIFY(text.contains('>' + shortcut + ' ' + html + QLatin1String("</div>")));
 }
 
 QTEST_MAIN(TestReportPlugin)
