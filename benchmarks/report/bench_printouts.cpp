@@ -21,7 +21,6 @@ namespace {
 constexpr int employees = 2000;
 constexpr double limit = 3;
 const char templateFile[] = ":/branchmonthlyreport.xml";
-const QString header = QStringLiteral("november 2026, Podhradie - výroba");
 
 /// Rows as `OrderModel::branchDateOrders` gives them.
 void fill(QStandardItemModel &rows)
@@ -45,7 +44,7 @@ void printReport(const QAbstractItemModel &rows, const QString &fileName)
                      [&rows](DataSetInfo &info) { info.recordCount = rows.rowCount(); });
     QObject::connect(&engine, &RptEngine::setValue, [&](int row, const QString &name, QVariant &value, int /*page*/) {
         if (name == QLatin1String("header"))
-            value = header;
+            value = QStringLiteral("november 2026, Podhradie - výroba");
         else
             BoardReport::setValue(&rows, total, row, name, value);
     });

@@ -78,7 +78,10 @@ constexpr PrintoutBands monthlyBands{40, 56, 40};
 constexpr PrintoutBands branchBands{110, 40, 50};
 constexpr PrintoutBands listBands{110, 40, 50};
 
-const QString longestName = QStringLiteral("Bartolomejčíková-Podhradská Maximiliána Alexandrína");
+QString longestName()
+{
+    return QStringLiteral("Bartolomejčíková-Podhradská Maximiliána Alexandrína");
+}
 
 QString money(const QString &amount)
 {
@@ -285,7 +288,7 @@ void TestReportPlugin::emptyWeek()
 void TestReportPlugin::monthOfAPerson()
 {
     openBoard();
-    showPerson(longestName);
+    showPerson(longestName());
     const Printout printout(print(m_board, "toolButtonMonthly"), monthlyBands);
     BOXES_DONE(m_boxes);
     const QString person = child<QComboBox>(m_board, "comboBoxPeople")->currentText();
@@ -300,7 +303,7 @@ void TestReportPlugin::monthOfAPerson()
         QStringLiteral(" FROM via_orders r JOIN via_orderables o USING (orderableID) JOIN via_foods f "
                        "USING (foodID) JOIN via_segments s USING (segmentID) JOIN people p USING (uid) "
                        "WHERE CONCAT(p.surname, ' ', p.name)='%1' AND %2 ORDER BY o.date, o.segmentID")
-            .arg(longestName, inMonth());
+            .arg(longestName(), inMonth());
     QVERIFY(m_database->rows("SELECT r.uid" + from).size() > 10);
     QCOMPARE(printout.column(0, 107), sql("SELECT DATE_FORMAT(o.date, '%d. %m. %Y'), s.name" + from));
     QCOMPARE(printout.columnWords(107, 354), sqlWords("SELECT f.name" + from));
@@ -527,7 +530,7 @@ void TestReportPlugin::ordersGoOutByMail()
 void TestReportPlugin::savedAsHtml()
 {
     openBoard();
-    const QString fileName = expectPreviews(1, "actExpToHtml").first();
+    const QString fileName = expectPreviews(1, "actExpToHtml").constFirst();
     click(m_board, "toolButtonMonthly");
     BOXES_DONE(m_boxes);
     QCOMPARE(m_opened, QStringList{fileName});
@@ -581,7 +584,7 @@ void TestReportPlugin::namesOnPaper()
     const QString shortcut =
         sql("SELECT s.shortcut FROM via_foods f JOIN via_suppliers s USING (supplierID) WHERE f.foodID=" + food);
     const Printout printout(print(m_board, "toolButtonWeekly"), weeklyBands);
-    const QString htmlFile = expectPreviews(1, "actExpToHtml").first();
+    const QString htmlFile = expectPreviews(1, "actExpToHtml").constFirst();
     click(m_board, "toolButtonWeekly");
     rename.bindValue(0, before);
     QVERIFY(rename.exec());

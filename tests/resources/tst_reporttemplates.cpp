@@ -77,14 +77,42 @@ QString fileOf(const QString &name)
 }
 
 // What the tables below share.
-const QString title = "(0, 0, 801 x 35), 14 bold centre, white on blue";
-const QString headerLine = "  [header] (44, 49, 711 x 22), 12 centre, black on nothing";
-const QString titleStrip = "   (0, 100, 800 x 3), 8 left, black on azure";
-const QString stripe =
-    ", 8 left, black on white, if [grouping] == 0?1:0, with <LineNo> % 2 == 0;backgroundColor=?rgba(235,235,235,255);";
-const QString once = ", if [grouping]==0?1:0";
-const QString plain = "black on nothing";
-const QString head = "white on blue";
+
+QString title()
+{
+    return QStringLiteral("(0, 0, 801 x 35), 14 bold centre, white on blue");
+}
+
+QString headerLine()
+{
+    return QStringLiteral("  [header] (44, 49, 711 x 22), 12 centre, black on nothing");
+}
+
+QString titleStrip()
+{
+    return QStringLiteral("   (0, 100, 800 x 3), 8 left, black on azure");
+}
+
+QString stripe()
+{
+    return QStringLiteral(", 8 left, black on white, if [grouping] == 0?1:0, with <LineNo> % 2 == "
+                          "0;backgroundColor=?rgba(235,235,235,255);");
+}
+
+QString once()
+{
+    return QStringLiteral(", if [grouping]==0?1:0");
+}
+
+QString plain()
+{
+    return QStringLiteral("black on nothing");
+}
+
+QString head()
+{
+    return QStringLiteral("white on blue");
+}
 
 QStringList groupFooter()
 {
@@ -104,70 +132,70 @@ QStringList pageFooter(int height, int top, const QString &printed)
 QStringList weeklyMenu()
 {
     return QStringList{"ReportTitle 40",
-                       "  Týždenné menu " + title,
+                       "  Týždenné menu " + title(),
                        "MasterHeader 26",
                        "   (20, 0, 761 x 25), 8 left, black on blue",
-                       "  Typ (25, 0, 151 x 25), 10 bold right, " + head,
-                       "  Názov (180, 0, 441 x 25), 10 bold left, " + head,
-                       "  Cena (625, 0, 151 x 25), 10 bold centre, " + head,
+                       "  Typ (25, 0, 151 x 25), 10 bold right, " + head(),
+                       "  Názov (180, 0, 441 x 25), 10 bold left, " + head(),
+                       "  Cena (625, 0, 151 x 25), 10 bold centre, " + head(),
                        "MasterData 20",
-                       "   (20, 0, 761 x 20) grows" + stripe,
-                       "  [0] (25, 0, 751 x 20) grows, 9 bold centre, " + plain + once,
-                       "  [1] (25, 0, 146 x 20) grows, 9 right, " + plain,
-                       "  [4] (605, 0, 141 x 20) grows, 9 right, " + plain,
-                       "  [2] (185, 0, 471 x 20) grows, 9 left, " + plain}
+                       "   (20, 0, 761 x 20) grows" + stripe(),
+                       "  [0] (25, 0, 751 x 20) grows, 9 bold centre, " + plain() + once(),
+                       "  [1] (25, 0, 146 x 20) grows, 9 right, " + plain(),
+                       "  [4] (605, 0, 141 x 20) grows, 9 right, " + plain(),
+                       "  [2] (185, 0, 471 x 20) grows, 9 left, " + plain()}
     + groupFooter() + pageFooter(50, 10, {});
 }
 
 QStringList monthlyReport()
 {
     return QStringList{"ReportTitle 40",
-                       "  Mesačný výpis objednanej stravy - [header] " + title,
+                       "  Mesačný výpis objednanej stravy - [header] " + title(),
                        "MasterHeader 56",
                        "   (0, 0, 801 x 54), 8 left, black on blue",
-                       "  Dátum (5, 0, 101 x 28), 9 bold centre, " + head,
-                       "  Typ výdaju (5, 28, 101 x 26), 9 bold centre, " + head,
-                       "  Jedlo (108, 0, 245 x 54), 9 bold left, " + head,
-                       "  Cena (355, 0, 71 x 28), 9 bold centre, " + head,
-                       "  Počet (430, 0, 71 x 28), 9 bold right, " + head,
-                       "  Cena celkom (355, 28, 146 x 26), 9 bold right, " + head,
-                       "  Objednané (505, 0, 291 x 28), 9 bold right, " + head,
-                       "  Vydané (505, 28, 291 x 26), 9 bold right, " + head,
+                       "  Dátum (5, 0, 101 x 28), 9 bold centre, " + head(),
+                       "  Typ výdaju (5, 28, 101 x 26), 9 bold centre, " + head(),
+                       "  Jedlo (108, 0, 245 x 54), 9 bold left, " + head(),
+                       "  Cena (355, 0, 71 x 28), 9 bold centre, " + head(),
+                       "  Počet (430, 0, 71 x 28), 9 bold right, " + head(),
+                       "  Cena celkom (355, 28, 146 x 26), 9 bold right, " + head(),
+                       "  Objednané (505, 0, 291 x 28), 9 bold right, " + head(),
+                       "  Vydané (505, 28, 291 x 26), 9 bold right, " + head(),
                        "MasterData 30",
-                       "   (0, 0, 801 x 30) grows" + stripe,
-                       "  [0] (5, 0, 101 x 15), 8 centre, " + plain + once,
-                       "  [1] (6, 15, 101 x 15), 8 centre, " + plain,
-                       "  [3] (355, 0, 71 x 15), 8 centre, " + plain,
-                       "  [4] (430, 0, 71 x 15), 8 right, " + plain,
-                       "  [5] (355, 15, 146 x 15), 8 right, " + plain,
-                       "  [6] (505, 0, 291 x 15), 8 right, " + plain,
-                       "  [7] (505, 15, 291 x 15), 8 right, " + plain,
-                       "  [2] (108, 0, 245 x 30) grows, 8 left, " + plain,
+                       "   (0, 0, 801 x 30) grows" + stripe(),
+                       "  [0] (5, 0, 101 x 15), 8 centre, " + plain() + once(),
+                       "  [1] (6, 15, 101 x 15), 8 centre, " + plain(),
+                       "  [3] (355, 0, 71 x 15), 8 centre, " + plain(),
+                       "  [4] (430, 0, 71 x 15), 8 right, " + plain(),
+                       "  [5] (355, 15, 146 x 15), 8 right, " + plain(),
+                       "  [6] (505, 0, 291 x 15), 8 right, " + plain(),
+                       "  [7] (505, 15, 291 x 15), 8 right, " + plain(),
+                       "  [2] (108, 0, 245 x 30) grows, 8 left, " + plain(),
                        "MasterFooter 30",
-                       "  [8] (355, 0, 146 x 26), 9 bold right, " + plain}
+                       "  [8] (355, 0, 146 x 26), 9 bold right, " + plain()}
     + groupFooter() + pageFooter(40, 5, {});
 }
 
 QStringList branchMonthlyReport()
 {
     return QStringList{"ReportTitle 110",
-                       "  Mesačný výpis objednávok zamestnancov " + title,
-                       headerLine,
-                       titleStrip,
+                       "  Mesačný výpis objednávok zamestnancov " + title(),
+                       headerLine(),
+                       titleStrip(),
                        "MasterHeader 40",
                        "   (0, 4, 801 x 32), 8 left, black on blue",
-                       "  ID (5, 4, 44 x 32), 9 bold left, " + head,
-                       "  pamID (50, 4, 65 x 32), 9 bold left, " + head,
-                       "  Meno (116, 4, 183 x 32), 9 bold left, " + head,
-                       "  počet objednávok (300, 4, 254 x 32), 9 bold centre, " + head,
-                       "  Suma (555, 4, 241 x 32), 9 bold right, " + head,
+                       "  ID (5, 4, 44 x 32), 9 bold left, " + head(),
+                       "  pamID (50, 4, 65 x 32), 9 bold left, " + head(),
+                       "  Meno (116, 4, 183 x 32), 9 bold left, " + head(),
+                       "  počet objednávok (300, 4, 254 x 32), 9 bold centre, " + head(),
+                       "  Suma (555, 4, 241 x 32), 9 bold right, " + head(),
                        "MasterData 28",
-                       "   (0, 0, 801 x 28)" + stripe,
-                       "  [0] (5, 4, 42 x 18), 8 left, " + plain,
-                       "  [1] (50, 4, 63 x 18), 8 left, " + plain + once,
-                       "  [2] (116, 4, 181 x 18), 8 left, " + plain,
-                       "  [4] (300, 4, 251 x 18), 8 centre, " + plain,
-                       "  [5] (555, 4, 241 x 18), 8 right, " + plain,
+                       "   (0, 0, 801 x 28)" + stripe(),
+                       "  [0] (5, 4, 42 x 18), 8 left, " + plain(),
+                       "  [1] (50, 4, 63 x 18), 8 left, " + plain() + once(),
+                       "  [2] (116, 4, 181 x 18), 8 left, " + plain(),
+                       "  [4] (300, 4, 251 x 18), 8 centre, " + plain(),
+                       "  [5] (555, 4, 241 x 18), 8 right, " + plain(),
                        "MasterFooter 53",
                        "  <Sum([4])> (300, 6, 251 x 24), 9 bold centre, black on pale",
                        "  [8] (555, 6, 241 x 24), 9 bold right, black on pale"}
@@ -178,38 +206,38 @@ QStringList branchMonthlyReport()
 QStringList itemReport(int itemWidth, int countLeft, int countWidth, const QString &printed)
 {
     return QStringList{"ReportTitle 110",
-                       "  Objednávka " + title,
-                       headerLine,
-                       titleStrip,
+                       "  Objednávka " + title(),
+                       headerLine(),
+                       titleStrip(),
                        "MasterHeader 40",
                        "   (0, 4, 801 x 30), 8 left, black on blue",
-                       QString("  Položka (5, 4, %1 x 30), 10 bold left, ").arg(itemWidth + 3) + head,
-                       QString("  Počet (%1, 4, %2 x 30), 10 bold right, ").arg(countLeft).arg(countWidth) + head,
+                       QString("  Položka (5, 4, %1 x 30), 10 bold left, ").arg(itemWidth + 3) + head(),
+                       QString("  Počet (%1, 4, %2 x 30), 10 bold right, ").arg(countLeft).arg(countWidth) + head(),
                        "MasterData 22",
-                       "   (0, -3, 801 x 22) grows" + stripe,
-                       QString("  [1] (%1, -3, %2 x 18) grows, 9 right, ").arg(countLeft).arg(countWidth) + plain,
-                       QString("  [0] (5, -3, %1 x 18) grows, 9 left, ").arg(itemWidth) + plain + once}
+                       "   (0, -3, 801 x 22) grows" + stripe(),
+                       QString("  [1] (%1, -3, %2 x 18) grows, 9 right, ").arg(countLeft).arg(countWidth) + plain(),
+                       QString("  [0] (5, -3, %1 x 18) grows, 9 left, ").arg(itemWidth) + plain() + once()}
     + groupFooter() + pageFooter(50, 10, printed);
 }
 
 QStringList segmentReport()
 {
     return QStringList{"ReportTitle 110",
-                       "  Výpis objednávok " + title,
-                       headerLine,
-                       titleStrip,
+                       "  Výpis objednávok " + title(),
+                       headerLine(),
+                       titleStrip(),
                        "MasterHeader 40",
                        "   (0, 4, 801 x 30), 8 left, black on blue",
-                       "  Meno (5, 4, 191 x 30), 10 bold left, " + head,
-                       "  Názov (200, 4, 391 x 30), 10 bold left, " + head,
-                       "  Počet (595, 4, 51 x 30), 10 bold right, " + head,
-                       "  Vydané (650, 4, 141 x 30), 10 bold right, " + head,
+                       "  Meno (5, 4, 191 x 30), 10 bold left, " + head(),
+                       "  Názov (200, 4, 391 x 30), 10 bold left, " + head(),
+                       "  Počet (595, 4, 51 x 30), 10 bold right, " + head(),
+                       "  Vydané (650, 4, 141 x 30), 10 bold right, " + head(),
                        "MasterData 22",
-                       "   (0, -3, 801 x 22) grows" + stripe,
-                       "  [2] (565, -3, 81 x 18) grows, 8 right, " + plain,
-                       "  [3] (650, -3, 141 x 18) grows, 8 right, " + plain,
-                       "  [0] (5, -3, 201 x 18) grows, 8 left, " + plain + once,
-                       "  [1] (200, -3, 431 x 18) grows, 8 left, " + plain}
+                       "   (0, -3, 801 x 22) grows" + stripe(),
+                       "  [2] (565, -3, 81 x 18) grows, 8 right, " + plain(),
+                       "  [3] (650, -3, 141 x 18) grows, 8 right, " + plain(),
+                       "  [0] (5, -3, 201 x 18) grows, 8 left, " + plain() + once(),
+                       "  [1] (200, -3, 431 x 18) grows, 8 left, " + plain()}
     + groupFooter() + pageFooter(50, 10, "[strPrinted]: ");
 }
 
