@@ -156,8 +156,8 @@ struct ReleaseBook {
 };
 using BookPointer = std::unique_ptr<Book, ReleaseBook>;
 
-/// A book of the binary XLS format (BIFF8): at most 65,536 rows, 256 columns, 4,000 formats, 500 fonts, 200 custom number
-/// formats, and 56 different colours, which only `Book::save` counts.
+/// A book of the binary XLS format (BIFF8): at most 65,536 rows, 256 columns, 4,000 formats, 500 fonts, 200 custom
+/// number formats, and 56 different colours, which only `Book::save` counts.
 BookPointer xlCreateBookA();
 /// A book of the XLSX format: at most 1,048,576 rows, 16,384 columns and 64,000 formats.
 BookPointer xlCreateXMLBookA();
