@@ -183,7 +183,7 @@ bool FileReplacement::commit(QString *error)
 bool FileReplacement::replace(QString *error)
 {
     errno = 0;
-    if (m_file.error() != QFileDevice::NoError || !m_file.flush() || fsync(m_file.handle()) != 0)
+    if (!m_file.tookEverything() || !m_file.flush() || fsync(m_file.handle()) != 0)
         return fail(error, QStringLiteral("\"%1\" cannot be written completely").arg(m_fileName), errno);
     if (m_permissions && fchmod(m_file.handle(), *m_permissions) != 0)
         return fail(error, QStringLiteral("\"%1\" does not get its permissions").arg(m_fileName), errno);
