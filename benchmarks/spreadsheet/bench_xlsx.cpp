@@ -217,8 +217,10 @@ private:
 
 void printCost(const QString &what, const ProcessCost &cost)
 {
-    printLine(QStringLiteral("%1  %2 ms  %3 MB").arg(what, -52).arg(cost.milliseconds, 0, 'f', 0).arg(
-        cost.megabytes, 0, 'f', 1));
+    printLine(QStringLiteral("%1  %2 ms  %3 MB")
+                  .arg(what, -52)
+                  .arg(cost.milliseconds, 0, 'f', 0)
+                  .arg(cost.megabytes, 0, 'f', 1));
 }
 
 } // namespace

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "spreadsheet/recordstream.h"
+
+#include <QVector>
+
+namespace Spreadsheet {
+
+/// Writes the shared strings of a workbook: SST with as many CONTINUE records as it takes, and EXTSST, by which a
+/// reader finds a string without reading those before it. `uses` is the number of cells that show one of them.
+void writeSharedStrings(RecordStream &stream, const QVector<QString> &texts, quint32 uses);
+
+} // namespace Spreadsheet
