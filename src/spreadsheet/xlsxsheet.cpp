@@ -49,9 +49,11 @@ bool XlsxSheet::write(QString *error)
 
 void XlsxSheet::setPage()
 {
-    const int gridlines = (m_sheet.displayGridlines ? LXW_SHOW_SCREEN_GRIDLINES : LXW_HIDE_ALL_GRIDLINES)
-        | (m_sheet.printGridlines ? LXW_SHOW_PRINT_GRIDLINES : LXW_HIDE_ALL_GRIDLINES);
-    worksheet_gridlines(m_worksheet, uint8_t(gridlines));
+    worksheet_gridlines(m_worksheet, LXW_HIDE_ALL_GRIDLINES);
+    if (m_sheet.displayGridlines)
+        worksheet_gridlines(m_worksheet, LXW_SHOW_SCREEN_GRIDLINES);
+    if (m_sheet.printGridlines)
+        worksheet_gridlines(m_worksheet, LXW_SHOW_PRINT_GRIDLINES);
     worksheet_set_margins(m_worksheet, m_sheet.marginLeft, m_sheet.marginRight, m_sheet.marginTop,
                           m_sheet.marginBottom);
     if (m_sheet.fitWidth >= 0 || m_sheet.fitHeight >= 0)
