@@ -22,6 +22,7 @@ class SegmentModel;
 class SettingsRepository;
 class TypeModel;
 class TypeRepository;
+struct ControlMonth;
 struct WeekArrows;
 
 namespace Ui {
@@ -93,8 +94,13 @@ public slots:
     void resetModel();
     /// Emits `filter`, unless the page is just being filled.
     void filterChanged();
+    /// Loads the orders of the month of the selected date and, for a branch, of its menus, asks for a file and writes
+    /// the control export to it. The slots and meal types are read anew. The page may be gone afterwards, as after the
+    /// two below; otherwise it is enabled, also after a cancelled question.
     void on_toolButtonExport_clicked();
+    /// Asks for a file and writes the branch's month to it, the rows that were loaded last; without any an empty month.
     void monthlyExportToXLS();
+    /// The same for the month of a person, whose name is read anew; a failure of that is logged, and no name written.
     void monthlyExportOrderDelivToXLS(int selUid);
     /// The company name from the host's licence, to fall back on; empty without one. A failure is logged only.
     QString getReserveCompanyName();
@@ -137,7 +143,14 @@ private:
     int personInRow(int row) const;
 
     QString monthlyHeader() const;
+    QString exportedPerson(int uid) const;
     void loadMonth(bool ofPerson);
+    /// Reads what the control export is made from.
+    ControlMonth controlMonth();
+    /// Tells how a monthly export went; the page may be gone afterwards. `success` takes the name of the file.
+    void tellMonth(bool saved, const QString &title, const QString &success, const QString &fileName);
+    /// The file to write, empty when the question was cancelled or when the page has gone.
+    QString askWorkbookName(const QString &defaultName, const QString &filter);
     /// The page may be gone afterwards.
     void print(const QString &templateFile);
     /// Makes the letters of a title smaller whose line, with a long name in it, would leave its panel.

@@ -1,4 +1,4 @@
-// The part of MenuWidget that prints and exports what it shows.
+// The part of MenuWidget that prints what it shows.
 
 #include "board/menuwidget.h"
 #include "exports/boardreport.h"
@@ -94,23 +94,7 @@ void MenuWidget::fitTitle(RptFieldObject &field)
     field.font.setPointSize(fittingPointSize(field.font, text, field.rect.width()));
 }
 
-// Exports -------------------------------------------------------------------------------------------------------------
-
-void MenuWidget::on_toolButtonExport_clicked()
-{
-    // The control export of the month comes here.
-}
-
-void MenuWidget::monthlyExportToXLS()
-{
-    // The branch's monthly spreadsheet comes here.
-}
-
-void MenuWidget::monthlyExportOrderDelivToXLS(int selUid)
-{
-    // The person's monthly spreadsheet comes here.
-    Q_UNUSED(selUid)
-}
+// Host's licence ------------------------------------------------------------------------------------------------------
 
 QString MenuWidget::getReserveCompanyName()
 {

@@ -42,6 +42,7 @@ public:
     virtual void setSize(int size) = 0;
     virtual void setBold(bool bold) = 0;
     virtual void setColor(Color color) = 0;
+    /// 1 to 31 characters, no control characters.
     virtual void setName(const QString &name) = 0;
 
 protected:
@@ -51,7 +52,7 @@ protected:
 /// The look of cells. Changes count for every cell that has it, those written before included.
 class Format {
 public:
-    /// A font of the same book.
+    /// A font of the same book; null for the default font.
     virtual void setFont(const Font *font) = 0;
     /// `generalNumFormat`, or what `Book::addCustomNumFormat` gave.
     virtual void setNumFormat(int numFormat) = 0;
@@ -97,7 +98,7 @@ public:
 
     virtual void setDisplayGridlines(bool show) = 0;
     virtual void setPrintGridlines(bool print) = 0;
-    /// Inches.
+    /// Inches, 0 to 49.
     virtual void setMarginLeft(double margin) = 0;
     virtual void setMarginRight(double margin) = 0;
     virtual void setMarginTop(double margin) = 0;
@@ -108,7 +109,8 @@ public:
     virtual void setPaper(Paper paper) = 0;
     /// Rows that are printed at the head of each page.
     virtual bool setPrintRepeatRows(int rowFirst, int rowLast) = 0;
-    /// The middle of the page's foot: text, "&P" for the page and "&N" for the number of pages. At most 255 characters.
+    /// The middle of the page's foot: text, "&P" for the page and "&N" for the number of pages. At most 253 characters
+    /// (the file formats hold 255 and want two of them for the place), of control characters only line ends.
     virtual bool setFooter(const QString &footer) = 0;
 
 protected:
@@ -127,16 +129,19 @@ public:
     /// Whether `colorPack` gives colours as they are; otherwise the nearest one of the standard palette.
     virtual void setRgbMode(bool rgbMode) = 0;
     /// The number to give to `Format::setNumFormat`; the same text gives the same number. -1 when the file format can
-    /// hold no more.
+    /// hold no more, and for a text that is empty, too long (more than 255 bytes of UTF-8 in XLS, 127 in XLSX) or has
+    /// control characters.
     virtual int addCustomNumFormat(const QString &text) = 0;
-    /// Red, green and blue, 0 to 255 each.
+    /// Red, green and blue, 0 to 255 each; `colorAutomatic` for anything else.
     virtual Color colorPack(int red, int green, int blue) const = 0;
-    /// A copy of `initFont`, or of the default font. Null when the file format can hold no more.
+    /// A copy of `initFont`, a font of the same book, or of the default font. Null when the file format can hold no
+    /// more.
     virtual Font *addFont(const Font *initFont = nullptr) = 0;
-    /// A copy of `initFormat`, or the default look. Null when the file format can hold no more.
+    /// A copy of `initFormat`, a format of the same book, or the default look. Null when the file format can hold no
+    /// more.
     virtual Format *addFormat(const Format *initFormat = nullptr) = 0;
-    /// Null for a name that is empty, longer than 31 characters, taken (in any case), with one of `[]:*?/\` in it or
-    /// with an apostrophe at an end. `initSheet` is null.
+    /// Null for a name that is empty, longer than 31 characters, taken (in any case), with one of `[]:*?/\` or a
+    /// control character in it or with an apostrophe at an end, and for a 256th sheet. `initSheet` is null.
     virtual Sheet *addSheet(const QString &name, const Sheet *initSheet = nullptr) = 0;
     /// Writes the file, or leaves everything as it was: a file of that name, from before, stays until the new one is
     /// complete, and stays for good where it is locked by another program. A book without a sheet cannot be saved. May
@@ -156,8 +161,8 @@ struct ReleaseBook {
 };
 using BookPointer = std::unique_ptr<Book, ReleaseBook>;
 
-/// A book of the binary XLS format (BIFF8): at most 65,536 rows, 256 columns, 4,000 formats, 500 fonts, 200 custom number
-/// formats, and 56 different colours, which only `Book::save` counts.
+/// A book of the binary XLS format (BIFF8): at most 65,536 rows, 256 columns, 4,000 formats, 500 fonts, 200 custom
+/// number formats, and 56 different colours, which only `Book::save` counts.
 BookPointer xlCreateBookA();
 /// A book of the XLSX format: at most 1,048,576 rows, 16,384 columns and 64,000 formats.
 BookPointer xlCreateXMLBookA();

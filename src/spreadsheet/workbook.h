@@ -2,7 +2,6 @@
 
 #include "spreadsheet/book.h"
 
-#include <QHash>
 #include <QMap>
 #include <QVector>
 
@@ -66,6 +65,8 @@ public:
     const Row &row(int row) const { return m_rows[std::size_t(row)]; }
 
 private:
+    Row &rowAt(int row);
+
     std::vector<Row> m_rows;
 };
 
@@ -119,7 +120,16 @@ public:
     const QVector<QString> &texts() const { return m_texts; }
 
 private:
-    QHash<QString, qint32> m_indexes;
+    struct Place {
+        uint hash = 0;
+        qint32 text = -1; ///< index into `m_texts`, -1 for a free place
+    };
+
+    void grow();
+
+    /// A text stands at the place that its hash names, or at the next free one. A power of two, at most half of it
+    /// taken: next to this table a QHash takes twice the time and memory for texts that are mostly different.
+    std::vector<Place> m_places;
     QVector<QString> m_texts;
 };
 

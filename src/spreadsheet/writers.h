@@ -7,7 +7,7 @@ namespace Spreadsheet {
 
 struct WorkbookData;
 
-/// Writes a book as a file of the binary XLS format to an open device, which needs no seeking. False with the reason in
+/// Writes a book as a file of the binary XLS format to an open, empty, random-access device. False with the reason in
 /// `error`, in English, when the book cannot be expressed or the device takes no more; what was written is worth
 /// nothing then.
 bool writeXls(const WorkbookData &book, QIODevice &device, QString *error);

@@ -1,0 +1,108 @@
+#include "spreadsheet/workbook.h"
+
+#include <QHashFunctions>
+
+#include <algorithm>
+#include <array>
+
+namespace Spreadsheet {
+
+namespace {
+
+constexpr int firstPaletteColor = 8;
+
+/// The colours 8 to 63 of every new workbook: those of the XLS format (PALETTE record, [MS-XLS] 2.5.161 Icv).
+constexpr std::array<int, 56> standardPalette = {
+    0x000000, 0xffffff, 0xff0000, 0x00ff00, 0x0000ff, 0xffff00, 0xff00ff, 0x00ffff, // 8
+    0x800000, 0x008000, 0x000080, 0x808000, 0x800080, 0x008080, 0xc0c0c0, 0x808080, // 16
+    0x9999ff, 0x993366, 0xffffcc, 0xccffff, 0x660066, 0xff8080, 0x0066cc, 0xccccff, // 24
+    0x000080, 0xff00ff, 0xffff00, 0x00ffff, 0x800080, 0x800000, 0x008080, 0x0000ff, // 32
+    0x00ccff, 0xccffff, 0xccffcc, 0xffff99, 0x99ccff, 0xff99cc, 0xcc99ff, 0xffcc99, // 40
+    0x3366ff, 0x33cccc, 0x99cc00, 0xffcc00, 0xff9900, 0xff6600, 0x666699, 0x969696, // 48
+    0x003366, 0x339966, 0x003300, 0x333300, 0x993300, 0x993366, 0x333399, 0x333333, // 56
+};
+
+bool standsBefore(const Cell &cell, int col)
+{
+    return cell.col < col;
+}
+
+} // namespace
+
+CellGrid::Row &CellGrid::rowAt(int row)
+{
+    const auto index = std::size_t(row);
+    if (index >= m_rows.size())
+        m_rows.resize(index + 1);
+    Row &cells = m_rows[index];
+    // The rows of a table are alike: room for as many cells as the row above has saves moving them as they come.
+    if (cells.empty() && index > 0)
+        cells.reserve(m_rows[index - 1].size());
+    return cells;
+}
+
+Cell &CellGrid::at(int row, int col)
+{
+    Row &cells = rowAt(row);
+    auto place = cells.end();
+    if (!cells.empty() && cells.back().col >= col)
+        place = std::lower_bound(cells.begin(), cells.end(), col, standsBefore);
+    if (place == cells.end() || place->col != col) {
+        place = cells.emplace(place);
+        place->col = quint16(col);
+    }
+    return *place;
+}
+
+const Cell *CellGrid::find(int row, int col) const
+{
+    if (row >= rowCount())
+        return nullptr;
+    const Row &cells = this->row(row);
+    if (cells.empty() || cells.back().col < col)
+        return nullptr;
+    if (cells.back().col == col)
+        return &cells.back();
+    const auto place = std::lower_bound(cells.begin(), cells.end(), col, standsBefore);
+    return place->col == col ? &*place : nullptr;
+}
+
+qint32 TextTable::indexOf(const QString &text)
+{
+    if (std::size_t(m_texts.size()) * 2 >= m_places.size())
+        grow();
+    const uint hash = qHash(text);
+    const std::size_t mask = m_places.size() - 1;
+    std::size_t at = hash & mask;
+    for (; m_places[at].text >= 0; at = (at + 1) & mask) {
+        if (m_places[at].hash == hash && m_texts.at(m_places[at].text) == text)
+            return m_places[at].text;
+    }
+    m_places[at] = {hash, m_texts.size()};
+    m_texts.append(text);
+    return m_places[at].text;
+}
+
+void TextTable::grow()
+{
+    constexpr std::size_t least = 64;
+    const std::vector<Place> old = std::move(m_places);
+    m_places.assign(std::max(least, old.size() * 2), Place());
+    const std::size_t mask = m_places.size() - 1;
+    for (const Place &place : old) {
+        if (place.text < 0)
+            continue;
+        std::size_t at = place.hash & mask;
+        while (m_places[at].text >= 0)
+            at = (at + 1) & mask;
+        m_places[at] = place;
+    }
+}
+
+int paletteRgb(Color color)
+{
+    const int index = color - firstPaletteColor;
+    return index >= 0 && index < int(standardPalette.size()) ? standardPalette[std::size_t(index)] : 0;
+}
+
+} // namespace Spreadsheet

@@ -1,0 +1,161 @@
+#include "spreadsheet/xlsxsheet.h"
+
+#include "spreadsheet/xlsxtext.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace Spreadsheet {
+
+namespace {
+
+/// The library keeps nothing of a size that is its own default: a row of that height would be fitted to its content, a
+/// hidden column come back with no width. The next number is written with the same digits.
+double besideDefault(double size, double libraryDefault)
+{
+    return size == libraryDefault ? std::nextafter(size, std::numeric_limits<double>::max()) : size;
+}
+
+} // namespace
+
+XlsxSheet::XlsxSheet(const SheetData &sheet, const TextTable &texts, const XlsxFormats &formats,
+                     lxw_worksheet *worksheet)
+    : m_sheet(sheet)
+    , m_texts(texts)
+    , m_formats(formats)
+    , m_worksheet(worksheet)
+    , m_covered(sheet)
+{
+}
+
+bool XlsxSheet::passes(lxw_error result)
+{
+    if (result != LXW_NO_ERROR)
+        m_error = QLatin1String(lxw_strerror(result));
+    return result == LXW_NO_ERROR;
+}
+
+bool XlsxSheet::write(QString *error)
+{
+    if (!m_covered.areFew())
+        m_error = QStringLiteral("it has too many merged cells");
+    setPage();
+    if (m_covered.areFew() && setPrint() && setColumns() && setMerges() && writeRows())
+        return true;
+    *error = QStringLiteral("sheet \"%1\": %2").arg(m_sheet.name, m_error);
+    return false;
+}
+
+void XlsxSheet::setPage()
+{
+    worksheet_gridlines(m_worksheet, LXW_HIDE_ALL_GRIDLINES);
+    if (m_sheet.displayGridlines)
+        worksheet_gridlines(m_worksheet, LXW_SHOW_SCREEN_GRIDLINES);
+    if (m_sheet.printGridlines)
+        worksheet_gridlines(m_worksheet, LXW_SHOW_PRINT_GRIDLINES);
+    worksheet_set_margins(m_worksheet, m_sheet.marginLeft, m_sheet.marginRight, m_sheet.marginTop,
+                          m_sheet.marginBottom);
+    if (m_sheet.fitWidth >= 0 || m_sheet.fitHeight >= 0)
+        worksheet_fit_to_pages(m_worksheet, uint16_t(std::max(0, m_sheet.fitWidth)),
+                               uint16_t(std::max(0, m_sheet.fitHeight)));
+    if (m_sheet.landscape)
+        worksheet_set_landscape(m_worksheet);
+    if (m_sheet.paper != PAPER_DEFAULT)
+        worksheet_set_paper(m_worksheet, uint8_t(m_sheet.paper));
+}
+
+bool XlsxSheet::setPrint()
+{
+    if (m_sheet.repeatFirst >= 0
+        && !passes(worksheet_repeat_rows(m_worksheet, lxw_row_t(m_sheet.repeatFirst), lxw_row_t(m_sheet.repeatLast))))
+        return false;
+    return m_sheet.footer.isEmpty()
+        || passes(worksheet_set_footer(m_worksheet, xlsxName(QLatin1String("&C") + m_sheet.footer).constData()));
+}
+
+bool XlsxSheet::setColumns()
+{
+    for (auto column = m_sheet.columns.begin(); column != m_sheet.columns.end(); ++column) {
+        if (!setColumn(lxw_col_t(column.key()), *column))
+            return false;
+    }
+    return true;
+}
+
+bool XlsxSheet::setColumn(lxw_col_t col, const ColumnData &data)
+{
+    const double width = data.width < 0 ? LXW_DEF_COL_WIDTH : data.width;
+    lxw_row_col_options options = {};
+    options.hidden = data.hidden;
+    return passes(worksheet_set_column_opt(m_worksheet, col, col, besideDefault(width, LXW_DEF_COL_WIDTH),
+                                           data.format == 0 ? nullptr : m_formats.at(data.format), &options));
+}
+
+/// Only the ranges: their cells are written with their rows, which a format given here would mix up.
+bool XlsxSheet::setMerges()
+{
+    return std::all_of(m_sheet.merges.begin(), m_sheet.merges.end(), [this](const MergeData &merge) {
+        return passes(worksheet_merge_range(m_worksheet, lxw_row_t(merge.rowFirst), lxw_col_t(merge.colFirst),
+                                            lxw_row_t(merge.rowLast), lxw_col_t(merge.colLast), "", nullptr));
+    });
+}
+
+int XlsxSheet::lastRow() const
+{
+    const int lastSet = m_sheet.rows.isEmpty() ? -1 : m_sheet.rows.lastKey();
+    return std::max({m_sheet.cells.rowCount() - 1, lastSet, m_covered.lastRow()});
+}
+
+bool XlsxSheet::writeRows()
+{
+    CellGrid::Row buffer;
+    const int last = lastRow();
+    for (int row = 0; row <= last; ++row) {
+        if (!setRow(lxw_row_t(row)))
+            return false;
+        for (const Cell &cell : m_covered.row(row, &buffer)) {
+            if (!writeCell(lxw_row_t(row), cell))
+                return false;
+        }
+    }
+    return true;
+}
+
+bool XlsxSheet::setRow(lxw_row_t row)
+{
+    const auto data = m_sheet.rows.constFind(int(row));
+    if (data == m_sheet.rows.constEnd())
+        return true;
+    lxw_row_col_options options = {};
+    options.hidden = data->hidden;
+    const double height = data->height < 0 ? LXW_DEF_ROW_HEIGHT : besideDefault(data->height, LXW_DEF_ROW_HEIGHT);
+    return passes(worksheet_set_row_opt(m_worksheet, row, height,
+                                        data->format == 0 ? nullptr : m_formats.at(data->format), &options));
+}
+
+bool XlsxSheet::writeCell(lxw_row_t row, const Cell &cell)
+{
+    if (cell.text == Cell::isBlank)
+        return writeBlank(row, cell);
+    if (cell.text != Cell::isNumber)
+        return writeText(row, cell);
+    ++m_cellCount;
+    return passes(worksheet_write_number(m_worksheet, row, cell.col, cell.number, m_formats.at(cell.format)));
+}
+
+bool XlsxSheet::writeBlank(lxw_row_t row, const Cell &cell)
+{
+    ++m_cellCount;
+    return passes(worksheet_write_blank(m_worksheet, row, cell.col, m_formats.at(cell.format)));
+}
+
+/// An empty text is a blank in the library.
+bool XlsxSheet::writeText(lxw_row_t row, const Cell &cell)
+{
+    ++m_cellCount;
+    const QByteArray text = xlsxCellText(m_texts.texts().at(cell.text));
+    return passes(worksheet_write_string(m_worksheet, row, cell.col, text.constData(), m_formats.at(cell.format)));
+}
+
+} // namespace Spreadsheet
