@@ -59,58 +59,53 @@ Table month(int rows)
     return table;
 }
 
-/// The floor: records into a file, by way of a buffer of 64 KB.
+/// The floor: each record into a file as it comes.
 class BareRecords {
 public:
     explicit BareRecords(const QString &fileName)
         : m_file(fileName)
     {
-        if (!m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        if (!m_file.open(QIODevice::WriteOnly))
             qFatal("%s cannot be written", qPrintable(fileName));
     }
-    ~BareRecords() { flush(); }
-    Q_DISABLE_COPY(BareRecords)
 
     /// NUMBER
     void writeNumber(int row, int col, double value)
     {
-        constexpr int size = 14;
-        begin(0x0203, size, row, col);
+        begin(0x0203, row, col);
         std::memcpy(m_at, &value, sizeof value);
         m_at += sizeof value;
+        end();
     }
 
     /// LABEL
-    void writeText(int row, int col, const QString &string)
+    void writeText(int row, int col, const QString &text)
     {
-        const bool wide = isWide(string);
-        const int bytes = wide ? string.size() * 2 : string.size();
-        constexpr int prefixSize = 9;
-        begin(0x0204, prefixSize + bytes, row, col);
-        put(string.size());
+        const auto *units = reinterpret_cast<const ushort *>(text.constData());
+        const int size = text.size();
+        const bool wide = isWide(units, size);
+        begin(0x0204, row, col);
+        put(size);
         *m_at++ = uchar(wide);
         if (wide) {
-            std::memcpy(m_at, unitsOf(string), std::size_t(bytes));
+            std::memcpy(m_at, units, std::size_t(size) * sizeof(ushort));
+            m_at += sizeof(ushort) * std::size_t(size);
         } else {
-            for (int i = 0; i < bytes; ++i)
-                m_at[i] = uchar(unitsOf(string)[i]);
+            for (int i = 0; i < size; ++i)
+                *m_at++ = uchar(units[i]);
         }
-        m_at += bytes;
+        end();
     }
 
 private:
-    static constexpr int bufferSize = 1 << 16;
+    static constexpr int headerSize = 4;
     static constexpr int mostRecord = 8228;
 
-    static const ushort *unitsOf(const QString &string)
-    {
-        return reinterpret_cast<const ushort *>(string.constData());
-    }
-    static bool isWide(const QString &string)
+    static bool isWide(const ushort *units, int size)
     {
         uint all = 0;
-        for (int i = 0; i < string.size(); ++i)
-            all |= unitsOf(string)[i];
+        for (int i = 0; i < size; ++i)
+            all |= units[i];
         return all > 0xff;
     }
     void put(int value)
@@ -118,24 +113,23 @@ private:
         qToLittleEndian<quint16>(quint16(value), m_at);
         m_at += sizeof(quint16);
     }
-    void begin(int type, int size, int row, int col)
+    void begin(int type, int row, int col)
     {
-        if (m_at > m_buffer.data() + bufferSize - mostRecord)
-            flush();
-        for (const int field : {type, size, row, col, 15})
+        m_at = m_record;
+        for (const int field : {type, 0, row, col, 15})
             put(field);
     }
-    void flush()
+    void end()
     {
-        const qint64 size = m_at - m_buffer.data();
-        if (m_file.write(reinterpret_cast<const char *>(m_buffer.data()), size) != size)
+        const qint64 size = m_at - m_record;
+        qToLittleEndian<quint16>(quint16(size - headerSize), m_record + sizeof(quint16));
+        if (m_file.write(reinterpret_cast<const char *>(m_record), size) != size)
             qFatal("the disk is full");
-        m_at = m_buffer.data();
     }
 
     QFile m_file;
-    std::vector<uchar> m_buffer = std::vector<uchar>(bufferSize);
-    uchar *m_at = m_buffer.data();
+    uchar m_record[mostRecord];
+    uchar *m_at = m_record;
 };
 
 void writeBareMonth(const Table &table, const QString &fileName)

@@ -4,10 +4,10 @@
 #include "spreadsheet/olecontainer.h"
 #include "spreadsheet/packedtext.h"
 
+#include <QMap>
 #include <QtEndian>
 
 #include <cstring>
-#include <utility>
 #include <vector>
 
 namespace Spreadsheet {
@@ -106,7 +106,7 @@ private:
     uchar *m_at;
     uchar *m_record;
     qint64 m_flushed = 0; ///< bytes sent so far
-    std::vector<std::pair<quint32, quint32>> m_patches; ///< those of bytes that are sent
+    QMap<quint32, QByteArray> m_patches; ///< those of bytes that are sent, by position
 };
 
 } // namespace Spreadsheet

@@ -39,10 +39,17 @@ CellGrid::Row &CellGrid::rowAt(int row)
     return cells;
 }
 
+void CellGrid::include(int col)
+{
+    m_firstColumn = std::min(m_firstColumn, col);
+    m_columnCount = std::max(m_columnCount, col + 1);
+}
+
 Cell &CellGrid::at(int row, int col)
 {
     Row &cells = rowAt(row);
     if (cells.empty() || cells.back().col < col) {
+        include(col);
         Cell &cell = cells.emplace_back();
         cell.col = quint16(col);
         return cell;
@@ -51,6 +58,7 @@ Cell &CellGrid::at(int row, int col)
         return cells.back();
     auto place = std::lower_bound(cells.begin(), cells.end(), col, standsBefore);
     if (place->col != col) {
+        include(col);
         place = cells.emplace(place);
         place->col = quint16(col);
     }

@@ -6,7 +6,9 @@
 #include <QMap>
 #include <QVector>
 
+#include <algorithm>
 #include <deque>
+#include <limits>
 #include <vector>
 
 /// What a book holds until it is saved: plain values, filled by the operations of spreadsheet/book.h and read by the
@@ -62,13 +64,19 @@ public:
     const Cell *find(int row, int col) const;
     /// Number of rows up to the last one with a cell.
     int rowCount() const { return int(m_rows.size()); }
+    /// The first column with a cell, and the number of columns up to the last one with a cell; both 0 for no cells.
+    int firstColumn() const { return std::min(m_firstColumn, m_columnCount); }
+    int columnCount() const { return m_columnCount; }
     /// A row below `rowCount`.
     const Row &row(int row) const { return m_rows[std::size_t(row)]; }
 
 private:
     Row &rowAt(int row);
+    void include(int col);
 
     std::vector<Row> m_rows;
+    int m_firstColumn = std::numeric_limits<int>::max();
+    int m_columnCount = 0;
 };
 
 struct ColumnData {
