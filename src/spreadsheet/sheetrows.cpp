@@ -22,18 +22,6 @@ bool standsBefore(const Cell &cell, int col)
     return cell.col < col;
 }
 
-/// Gives the cells of `columns` first to last a format where they have none, and makes those that are missing.
-void format(CellGrid::Row &cells, int first, int last, quint16 format)
-{
-    auto at = std::lower_bound(cells.begin(), cells.end(), first, standsBefore);
-    for (int col = first; col <= last; ++col, ++at) {
-        if (at == cells.end() || at->col != col)
-            at = cells.insert(at, blankCell(col, format));
-        else if (at->format == 0)
-            at->format = format;
-    }
-}
-
 } // namespace
 
 SheetRows::SheetRows(const SheetData &sheet)
@@ -47,8 +35,7 @@ void SheetRows::collectMerges()
 {
     for (const MergeData &merge : m_sheet.merges) {
         const Cell *first = m_sheet.cells.find(merge.rowFirst, merge.colFirst);
-        if (first && first->format > 0)
-            m_merges.append({merge, first->format});
+        m_merges.append({merge, first ? first->format : quint16(0)});
     }
     std::sort(m_merges.begin(), m_merges.end(),
               [](const FormattedMerge &a, const FormattedMerge &b) { return a.place.rowFirst < b.place.rowFirst; });
@@ -74,6 +61,8 @@ void SheetRows::measure()
     for (auto row = m_sheet.rows.begin(); row != m_sheet.rows.end(); ++row)
         include(row.key(), none, 0);
     for (const FormattedMerge &merge : std::as_const(m_merges)) {
+        if (merge.format == 0)
+            continue;
         include(merge.place.rowFirst, merge.place.colFirst, merge.place.colLast + 1);
         include(merge.place.rowLast, merge.place.colFirst, merge.place.colLast + 1);
     }
@@ -93,6 +82,24 @@ void SheetRows::advance(int row)
     }
 }
 
+/// Makes the covered cells of a row blank, and those that are missing where they have a format to show.
+void SheetRows::cover(CellGrid::Row &cells, int row, const FormattedMerge &merge)
+{
+    const MergeData &place = merge.place;
+    const int first = row == place.rowFirst ? place.colFirst + 1 : place.colFirst;
+    auto at = std::lower_bound(cells.begin(), cells.end(), first, standsBefore);
+    for (int col = first; col <= place.colLast; ++col) {
+        const bool isWritten = at != cells.end() && at->col == col;
+        if (isWritten)
+            *at = blankCell(col, at->format > 0 ? at->format : merge.format);
+        else if (merge.format > 0)
+            at = cells.insert(at, blankCell(col, merge.format));
+        else
+            continue;
+        ++at;
+    }
+}
+
 const CellGrid::Row &SheetRows::cells(int row, CellGrid::Row &own)
 {
     advance(row);
@@ -101,7 +108,7 @@ const CellGrid::Row &SheetRows::cells(int row, CellGrid::Row &own)
         return written;
     own = written;
     for (const FormattedMerge &merge : std::as_const(m_active))
-        format(own, merge.place.colFirst, merge.place.colLast, merge.format);
+        cover(own, row, merge);
     return own;
 }
 

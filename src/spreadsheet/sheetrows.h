@@ -5,8 +5,8 @@
 namespace Spreadsheet {
 
 /// The rows of a sheet from top to bottom with their cells as an XLS file has them: those that were written, and those
-/// of merged cells, which take the format of the first cell unless they have one of their own, so that borders and
-/// fills show all around.
+/// that merged cells cover. These are blank, so that nothing hides, and take the format of the first cell unless they
+/// have one of their own, so that borders and fills show all around.
 class SheetRows {
 public:
     /// Rows and columns with anything in them, up to but without the last. All 0 for an empty sheet.
@@ -27,13 +27,14 @@ public:
 private:
     struct FormattedMerge {
         MergeData place;
-        quint16 format;
+        quint16 format; ///< of the first cell, 0 for none
     };
 
     void include(int row, int colFirst, int colEnd);
     void measure();
     void collectMerges();
     void advance(int row);
+    static void cover(CellGrid::Row &cells, int row, const FormattedMerge &merge);
 
     const SheetData &m_sheet;
     Range m_range;

@@ -57,7 +57,8 @@ public:
     {
     }
 
-    void write()
+    /// Returns the number of texts.
+    int write()
     {
         while (m_at != m_end) {
             if (m_at->text >= 0)
@@ -69,6 +70,7 @@ public:
             else
                 writeNumber();
         }
+        return m_texts;
     }
 
 private:
@@ -82,6 +84,7 @@ private:
     {
         begin(Biff::LABELSST, *m_at).u16(xfOf(m_at->format)).u32(quint32(m_at->text)).end();
         ++m_at;
+        ++m_texts;
     }
 
     /// NUMBER
@@ -126,13 +129,14 @@ private:
     const int m_row;
     const Cell *m_at;
     const Cell *const m_end;
+    int m_texts = 0;
 };
 
 } // namespace
 
-void writeCells(RecordStream &stream, int row, const CellGrid::Row &cells)
+int writeCells(RecordStream &stream, int row, const CellGrid::Row &cells)
 {
-    RowWriter(stream, row, cells).write();
+    return RowWriter(stream, row, cells).write();
 }
 
 } // namespace Spreadsheet

@@ -3,13 +3,17 @@
 #include "spreadsheet/xlsstrings.h"
 #include "spreadsheet/xlsstyles.h"
 
-#include <algorithm>
-
 namespace Spreadsheet {
 
 namespace {
 
 constexpr int utf16Codepage = 1200;
+
+/// A record of one field of 16 bits.
+struct FlagRecord {
+    Biff::Record type;
+    int value;
+};
 
 /// What a workbook may set and ours leaves as it is in a new one, in the order that readers expect.
 constexpr FlagRecord protection[] = {
@@ -134,18 +138,6 @@ void writeNames(RecordStream &stream, const WorkbookData &book)
     }
 }
 
-quint32 textCells(const WorkbookData &book)
-{
-    std::ptrdiff_t count = 0;
-    for (const SheetData &sheet : book.sheets) {
-        for (int row = 0; row < sheet.cells.rowCount(); ++row) {
-            const CellGrid::Row &cells = sheet.cells.row(row);
-            count += std::count_if(cells.begin(), cells.end(), [](const Cell &cell) { return cell.text >= 0; });
-        }
-    }
-    return quint32(count);
-}
-
 } // namespace
 
 void writeBof(RecordStream &stream, Substream kind)
@@ -161,7 +153,7 @@ void writeEof(RecordStream &stream)
     stream.begin(Biff::END_OF_SUBSTREAM).end();
 }
 
-std::vector<quint32> writeGlobals(RecordStream &stream, const WorkbookData &book, const XlsPalette &palette)
+OpenPlaces writeGlobals(RecordStream &stream, const WorkbookData &book, const XlsPalette &palette)
 {
     writeBof(stream, Substream::Globals);
     writeInterface(stream);
@@ -172,10 +164,11 @@ std::vector<quint32> writeGlobals(RecordStream &stream, const WorkbookData &book
     writeFlags(stream, calculation);
     writeStyles(stream, book, palette);
     stream.begin(Biff::USESELFS).u16(0).end();
-    const std::vector<quint32> places = writeSheetList(stream, book);
+    OpenPlaces places;
+    places.sheets = writeSheetList(stream, book);
     writeCountry(stream);
     writeNames(stream, book);
-    writeSharedStrings(stream, book.texts.texts(), textCells(book));
+    places.textCells = writeSharedStrings(stream, book.texts.texts());
     writeEof(stream);
     return places;
 }

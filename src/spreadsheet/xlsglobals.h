@@ -11,13 +11,13 @@ void writeBof(RecordStream &stream, Substream kind);
 /// Ends a substream: EOF.
 void writeEof(RecordStream &stream);
 
-/// One field of 16 bits, as many records are.
-struct FlagRecord {
-    Biff::Record type;
-    int value;
+/// Where in the stream values belong that are known only when the sheets are written, to be patched in.
+struct OpenPlaces {
+    std::vector<quint32> sheets; ///< where each sheet begins
+    quint32 textCells; ///< the number of cells with a text
 };
 
-/// Writes what belongs to no sheet. Returns where in the stream each sheet's place is to be patched in.
-std::vector<quint32> writeGlobals(RecordStream &stream, const WorkbookData &book, const XlsPalette &palette);
+/// Writes what belongs to no sheet.
+OpenPlaces writeGlobals(RecordStream &stream, const WorkbookData &book, const XlsPalette &palette);
 
 } // namespace Spreadsheet

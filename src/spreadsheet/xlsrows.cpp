@@ -33,11 +33,12 @@ void XlsRows::writeDimensions()
     m_stream.u16(range.colFirst).u16(range.colEnd).u16(0).end();
 }
 
-void XlsRows::writeRows()
+quint32 XlsRows::writeRows()
 {
     const auto &range = m_rows.range();
     for (int row = range.rowFirst; row < range.rowEnd; row += blockSize)
         writeBlock(row, std::min(row + blockSize, range.rowEnd));
+    return m_texts;
 }
 
 bool XlsRows::exists(int row, const CellGrid::Row &cells) const
@@ -84,7 +85,7 @@ void XlsRows::writeBlock(int rowFirst, int rowEnd)
         if (!exists(row, cells))
             continue;
         places[count++] = m_stream.position();
-        writeCells(m_stream, row, cells);
+        m_texts += quint32(writeCells(m_stream, row, cells));
     }
     m_stream.patch(m_nextIndexPlace, m_stream.position());
     m_nextIndexPlace += sizeof(quint32);

@@ -15,8 +15,8 @@ public:
     void writeIndex();
     /// The used range: DIMENSIONS.
     void writeDimensions();
-    /// All rows. `writeIndex` came before.
-    void writeRows();
+    /// All rows. `writeIndex` came before. Returns the number of cells with a text.
+    quint32 writeRows();
 
 private:
     static constexpr int blockSize = 32;
@@ -29,6 +29,7 @@ private:
     const SheetData &m_sheet;
     const int m_defaultHeight;
     SheetRows m_rows;
+    quint32 m_texts = 0;
     quint32 m_nextIndexPlace = 0; ///< where the next block's place belongs
 };
 

@@ -133,7 +133,7 @@ void writeMerges(RecordStream &stream, const QVector<MergeData> &merges)
 
 } // namespace
 
-void writeSheet(RecordStream &stream, const WorkbookData &book, const SheetData &sheet, bool isFirst)
+quint32 writeSheet(RecordStream &stream, const WorkbookData &book, const SheetData &sheet, bool isFirst)
 {
     const int defaultHeight = lineTwips(book.fonts.first().size);
     XlsRows rows(stream, sheet, defaultHeight);
@@ -147,10 +147,11 @@ void writeSheet(RecordStream &stream, const WorkbookData &book, const SheetData 
     writeSetup(stream, sheet);
     writeAllColumns(stream, sheet.columns);
     rows.writeDimensions();
-    rows.writeRows();
+    const quint32 texts = rows.writeRows();
     writeView(stream, sheet, isFirst);
     writeMerges(stream, sheet.merges);
     writeEof(stream);
+    return texts;
 }
 
 } // namespace Spreadsheet

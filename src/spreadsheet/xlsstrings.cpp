@@ -59,11 +59,11 @@ GroupPlace writeText(RecordStream &stream, const QString &string)
 }
 
 /// SST
-std::vector<GroupPlace> writeTexts(RecordStream &stream, const QVector<QString> &texts, quint32 uses)
+std::vector<GroupPlace> writeTexts(RecordStream &stream, const QVector<QString> &texts)
 {
     std::vector<GroupPlace> places;
     const int group = groupSize(texts.size());
-    stream.begin(Biff::SST).u32(uses).u32(quint32(texts.size()));
+    stream.begin(Biff::SST).u32(0).u32(quint32(texts.size()));
     for (int index = 0; index < texts.size(); ++index) {
         const GroupPlace place = writeText(stream, texts.at(index));
         if (index % group == 0)
@@ -84,10 +84,13 @@ void writePlaces(RecordStream &stream, const std::vector<GroupPlace> &places, in
 
 } // namespace
 
-void writeSharedStrings(RecordStream &stream, const QVector<QString> &texts, quint32 uses)
+quint32 writeSharedStrings(RecordStream &stream, const QVector<QString> &texts)
 {
-    const std::vector<GroupPlace> places = writeTexts(stream, texts, uses);
+    constexpr quint32 headerSize = 4;
+    const quint32 usesPlace = stream.position() + headerSize;
+    const std::vector<GroupPlace> places = writeTexts(stream, texts);
     writePlaces(stream, places, groupSize(texts.size()));
+    return usesPlace;
 }
 
 } // namespace Spreadsheet

@@ -51,11 +51,13 @@ bool writeXls(const WorkbookData &book, QIODevice &device, QString *error)
         return false;
     OleContainer container(device);
     RecordStream stream(container);
-    const std::vector<quint32> places = writeGlobals(stream, book, palette);
+    const OpenPlaces places = writeGlobals(stream, book, palette);
+    quint32 textCells = 0;
     for (std::size_t index = 0; index < book.sheets.size(); ++index) {
-        stream.patch(places[index], stream.position());
-        writeSheet(stream, book, book.sheets[index], index == 0);
+        stream.patch(places.sheets[index], stream.position());
+        textCells += writeSheet(stream, book, book.sheets[index], index == 0);
     }
+    stream.patch(places.textCells, textCells);
     return stream.finish(error) && container.close(error);
 }
 

@@ -83,7 +83,11 @@ def pages(stream):
 
 
 def wrong_strings(stream, strings):
-    """What EXTSST says wrong of the shared strings."""
+    """What SST and EXTSST say wrong of the shared strings."""
+    shown = sum(number == 0xFD for number, _ in records(stream))
+    uses = next(struct.unpack_from("<I", data)[0] for number, data in records(stream) if number == 0xFC)
+    if uses != shown:
+        yield "SST tells of %d cells, there are %d" % (uses, shown)
     starts = {at: number for at, number, _ in positioned_records(stream)}
     data = next(data for number, data in records(stream) if number == 0xFF)
     group = struct.unpack_from("<H", data)[0]
