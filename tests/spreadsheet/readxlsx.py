@@ -119,6 +119,7 @@ def main():
             "cells": cells(sheet, looks),
             "columns": columns(sheet, looks),
             "rows": rows(sheet, looks),
+            "defaultRowHeight": sheet.sheet_format.defaultRowHeight,
             "merges": merges(sheet),
             "page": page(sheet),
         }

@@ -67,6 +67,7 @@ private slots:
     void columnFormat();
     void rowHeights_data();
     void rowHeights();
+    void neededHeights();
     void hiddenRow();
     void rowFormat();
     void pageAsItComes();
@@ -389,6 +390,27 @@ void TestXlsxLook::rowHeights()
     QCOMPARE(file.row(9).at(1).toDouble(), height);
     QVERIFY2(file.row(8).isEmpty(), "the program fits it to its content");
     QCOMPARE(file.text(9, 0), QStringLiteral("in it"));
+}
+
+/// Of a large font and a text of three lines; the row between has the sheet's height, one line of the default font.
+void TestXlsxLook::neededHeights()
+{
+    XlsxData book;
+    FormatData large;
+    large.font = book.addFont(XlsxData::font(QStringLiteral("Cambria"), 15));
+    FormatData wrapped;
+    wrapped.wrap = true;
+    book.writeText(0, 0, QStringLiteral("x"), book.addFormat(large));
+    book.writeText(1, 0, QStringLiteral("x"));
+    book.writeText(2, 0, QStringLiteral("a\nb\nc"), book.addFormat(wrapped));
+    book.writeText(3, 0, QStringLiteral("x"), book.addFormat(large));
+    book.sheet().rows[3].height = 5;
+    const XlsxFile file = write(book);
+    QCOMPARE(file.row(0).at(1).toDouble(), 19.15);
+    QVERIFY(file.row(1).isEmpty());
+    QCOMPARE(file.row(2).at(1).toDouble(), 38.25);
+    QCOMPARE(file.row(3).at(1).toDouble(), 5.0);
+    QCOMPARE(file.sheet().value(QLatin1String("defaultRowHeight")).toDouble(), 12.75);
 }
 
 void TestXlsxLook::hiddenRow()
