@@ -29,31 +29,23 @@ RecordStream &RecordStream::fill(int value, int count)
     return *this;
 }
 
-RecordStream &RecordStream::units(const FileText &text, int first, int count)
+void RecordStream::optionAndUnits(const QString &text)
 {
-    const ushort *from = text.units() + first;
-    if (text.isWide()) {
-        qToLittleEndian<quint16>(from, count, m_at);
-        m_at += 2 * count;
-    } else {
-        uchar *to = m_at;
-        for (int i = 0; i < count; ++i)
-            to[i] = uchar(from[i]);
-        m_at += count;
-    }
-    return *this;
+    const PackedText packed = packText(text, m_at + 1);
+    *m_at = packed.isWide;
+    m_at += 1 + packed.byteCount();
 }
 
 RecordStream &RecordStream::string8(const QString &text)
 {
-    const FileText fileText(text);
-    return u8(fileText.size()).u8(fileText.isWide()).units(fileText, 0, fileText.size());
+    u8(text.size()).optionAndUnits(text);
+    return *this;
 }
 
 RecordStream &RecordStream::string16(const QString &text)
 {
-    const FileText fileText(text);
-    return u16(fileText.size()).u8(fileText.isWide()).units(fileText, 0, fileText.size());
+    u16(text.size()).optionAndUnits(text);
+    return *this;
 }
 
 void RecordStream::patch(quint32 position, quint32 value)

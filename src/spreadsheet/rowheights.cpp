@@ -66,7 +66,7 @@ int RowHeights::lineCount(int row, const Cell &cell) const
     const double width = isSet && column->width >= 0 ? column->width : usualWidth;
     if ((isSet && column->hidden) || width <= 0 || m_wide.contains(placeOf(row, cell.col)))
         return 1;
-    return wrappedLines(m_book.texts.texts().at(cell.text), width / m_lines[cell.format].digits);
+    return wrappedLines(m_book.texts.text(cell.text), width / m_lines[cell.format].digits);
 }
 
 } // namespace Spreadsheet

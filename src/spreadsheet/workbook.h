@@ -1,6 +1,7 @@
 #pragma once
 
 #include "spreadsheet/book.h"
+#include "spreadsheet/texttable.h"
 
 #include <QMap>
 #include <QVector>
@@ -45,7 +46,7 @@ struct Cell {
     static constexpr qint32 isBlank = -2;
 
     double number = 0;
-    qint32 text = isBlank; ///< index into `WorkbookData::texts`, `isNumber` or `isBlank`
+    qint32 text = isBlank; ///< number in `WorkbookData::texts`, `isNumber` or `isBlank`
     quint16 col = 0;
     quint16 format = 0; ///< index into `WorkbookData::formats`
 };
@@ -110,27 +111,6 @@ struct SheetData {
     int repeatFirst = -1; ///< -1 for no repeated rows
     int repeatLast = -1;
     QString footer; ///< of the middle, without the "&C" of the file formats
-};
-
-/// The different texts of a book, numbered in the order of their first use.
-class TextTable {
-public:
-    /// The number of a text, a new one for a new text.
-    qint32 indexOf(const QString &text);
-    const QVector<QString> &texts() const { return m_texts; }
-
-private:
-    struct Place {
-        uint hash = 0;
-        qint32 text = -1; ///< index into `m_texts`, -1 for a free place
-    };
-
-    void grow();
-
-    /// A text stands at the place that its hash names, or at the next free one. A power of two, at most half of it
-    /// taken: next to this table a QHash takes twice the time and memory for texts that are mostly different.
-    std::vector<Place> m_places;
-    QVector<QString> m_texts;
 };
 
 /// The first number of a custom number format; those below belong to the file formats.

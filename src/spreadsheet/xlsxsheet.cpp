@@ -181,7 +181,7 @@ bool XlsxSheet::writeBlank(lxw_row_t row, const Cell &cell)
 bool XlsxSheet::writeText(lxw_row_t row, const Cell &cell)
 {
     ++m_cellCount;
-    const QByteArray text = xlsxCellText(m_texts.texts().at(cell.text));
+    const QByteArray text = xlsxCellText(m_texts.text(cell.text));
     return passes(worksheet_write_string(m_worksheet, row, cell.col, text.constData(), m_formats.at(cell.format)));
 }
 
