@@ -86,7 +86,8 @@ bool PartReader::isClosed() const
     if (declarationEnd == std::string::npos || nameEnd == std::string::npos)
         return false;
     const std::string endTag = "</" + m_head.substr(root + 1, nameEnd - root - 1) + ">";
-    return m_tail.size() >= endTag.size() && m_tail.compare(m_tail.size() - endTag.size(), endTag.size(), endTag) == 0;
+    const std::size_t end = m_tail.find_last_not_of('\n') + 1;
+    return end >= endTag.size() && m_tail.compare(end - endTag.size(), endTag.size(), endTag) == 0;
 }
 
 /// Cells by the name of the part. False for a part that is not whole.
