@@ -158,6 +158,7 @@ void writeMonth(const Table &table, const QString &fileName)
     Sheet *sheet = book->addSheet(QStringLiteral("ZEP"));
     Format *format = book->addFormat();
     format->setBorder(BorderStyle::Thin);
+    format->setWrap(true);
     for (std::size_t row = 0; row < table.size(); ++row) {
         for (int col = 0; col < columns; ++col) {
             const Value &value = table[row][std::size_t(col)];

@@ -15,6 +15,15 @@ uint bitsOf(const ushort *units, int size)
     return all;
 }
 
+/// Looks at all of the text, which is quicker than to look whether to stop.
+bool hasLineFeed(const ushort *units, int size)
+{
+    ushort found = 0;
+    for (int i = 0; i < size; ++i)
+        found = ushort(found | ushort(units[i] == '\n'));
+    return found != 0;
+}
+
 /// The first surrogate at or after `from` without its other half, or `size`.
 int loneSurrogate(const ushort *units, int size, int from)
 {
@@ -56,7 +65,7 @@ PackedText packText(const QString &text, uchar *to)
         packWide(units, text.size(), to, (bits & firstSurrogate) == firstSurrogate);
     else
         packNarrow(units, text.size(), to);
-    return {to, text.size(), isWide};
+    return {to, text.size(), isWide, hasLineFeed(units, text.size())};
 }
 
 QString unpackText(const PackedText &text)

@@ -10,6 +10,7 @@ struct PackedText {
     const uchar *bytes;
     int size; ///< in UTF-16 code units
     bool isWide; ///< whether characters have 16 bits: the option byte of the file's strings
+    bool hasLineEnd; ///< whether one of them is a line feed
 
     int bytesPerUnit() const { return isWide ? 2 : 1; }
     int byteCount() const { return size * bytesPerUnit(); }

@@ -2,6 +2,8 @@
 
 #include "spreadsheet/units.h"
 
+#include <QtEndian>
+
 #include <algorithm>
 #include <cmath>
 
@@ -17,14 +19,28 @@ quint64 placeOf(int row, int col)
     return quint64(row) << 16U | quint64(col);
 }
 
-/// The lines of a text in a column that holds so many of its characters.
-int wrappedLines(const QString &text, double charactersPerLine)
+ushort unitAt(const PackedText &text, int index)
 {
+    return text.isWide ? qFromLittleEndian<quint16>(text.bytes + 2 * index) : text.bytes[index];
+}
+
+int wrappedLines(int length, double charactersPerLine)
+{
+    return std::max(1, int(std::ceil(length / charactersPerLine)));
+}
+
+/// The lines of a text in a column that holds so many of its characters.
+int wrappedLines(const PackedText &text, double charactersPerLine)
+{
+    if (!text.hasLineEnd)
+        return wrappedLines(text.size, charactersPerLine);
     int lines = 0;
-    for (int begin = 0, end = 0; end >= 0; begin = end + 1) {
-        end = text.indexOf(QLatin1Char('\n'), begin);
-        const int length = (end < 0 ? text.size() : end) - begin;
-        lines += std::max(1, int(std::ceil(length / charactersPerLine)));
+    int begin = 0;
+    for (int end = 0; end <= text.size; ++end) {
+        if (end < text.size && unitAt(text, end) != '\n')
+            continue;
+        lines += wrappedLines(end - begin, charactersPerLine);
+        begin = end + 1;
     }
     return lines;
 }
@@ -33,15 +49,26 @@ int wrappedLines(const QString &text, double charactersPerLine)
 
 RowHeights::RowHeights(const WorkbookData &book, const SheetData &sheet)
     : m_book(book)
-    , m_sheet(sheet)
 {
     const double defaultSize = book.fonts.first().size;
     for (const FormatData &format : book.formats) {
         const int size = book.fonts.at(format.font).size;
         m_lines.push_back({lineTwips(size), size / defaultSize, format.wrap});
     }
+    for (auto column = sheet.columns.begin(); column != sheet.columns.end(); ++column)
+        setDigits(column.key(), *column);
     for (const MergeData &merge : sheet.merges)
         (merge.rowFirst == merge.rowLast ? m_wide : m_high).insert(placeOf(merge.rowFirst, merge.colFirst));
+}
+
+/// A column that does not show has room for all.
+void RowHeights::setDigits(int col, const ColumnData &column)
+{
+    m_digits.resize(std::size_t(col) + 1, usualWidth);
+    if (column.hidden || column.width == 0)
+        m_digits.back() = HUGE_VAL;
+    else if (column.width > 0)
+        m_digits.back() = column.width;
 }
 
 int RowHeights::neededTwips(int row, const CellGrid::Row &cells) const
@@ -61,12 +88,9 @@ int RowHeights::neededTwips(int row, const CellGrid::Row &cells) const
 
 int RowHeights::lineCount(int row, const Cell &cell) const
 {
-    const auto column = m_sheet.columns.constFind(cell.col);
-    const bool isSet = column != m_sheet.columns.constEnd();
-    const double width = isSet && column->width >= 0 ? column->width : usualWidth;
-    if ((isSet && column->hidden) || width <= 0 || m_wide.contains(placeOf(row, cell.col)))
-        return 1;
-    return wrappedLines(m_book.texts.text(cell.text), width / m_lines[cell.format].digits);
+    const double width = cell.col < m_digits.size() ? m_digits[cell.col] : usualWidth;
+    const int lines = wrappedLines(m_book.texts.packed(cell.text), width / m_lines[cell.format].digits);
+    return lines > 1 && m_wide.contains(placeOf(row, cell.col)) ? 1 : lines;
 }
 
 } // namespace Spreadsheet

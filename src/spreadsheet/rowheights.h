@@ -16,7 +16,7 @@ namespace Spreadsheet {
 /// line, and not at all where the cells are of several rows.
 class RowHeights {
 public:
-    /// Both must outlive it and stay as they are.
+    /// `book` must outlive it; both stay as they are.
     RowHeights(const WorkbookData &book, const SheetData &sheet);
 
     /// The height in twips (1/20 point) of rows that nothing is said about: one line of the default font.
@@ -32,11 +32,12 @@ private:
         bool wraps;
     };
 
+    void setDigits(int col, const ColumnData &column);
     int lineCount(int row, const Cell &cell) const;
 
     const WorkbookData &m_book;
-    const SheetData &m_sheet;
     std::vector<Line> m_lines; ///< by format
+    std::vector<double> m_digits; ///< width by column
     QSet<quint64> m_wide; ///< the first cells of merged ones within a row
     QSet<quint64> m_high; ///< the first cells of those over several rows
 };

@@ -17,16 +17,28 @@ public:
     qint32 indexOf(const QString &text);
     int size() const { return m_texts.size(); }
     /// A text by its number.
-    PackedText packed(qint32 number) const;
+    PackedText packed(qint32 number) const
+    {
+        const Entry &entry = m_texts.at(number);
+        return {entry.bytes, entry.size, entry.isWide, entry.hasLineEnd};
+    }
     QString text(qint32 number) const { return unpackText(packed(number)); }
 
 private:
+    struct Entry {
+        const uchar *bytes;
+        uint hash;
+        quint16 size;
+        bool isWide;
+        bool hasLineEnd;
+    };
+
     uchar *roomFor(int bytes);
     /// The place that a hash names, spread by Knuth's multiplicative hashing: the hashes of texts that differ in a
     /// digit only lie side by side.
     std::size_t firstPlace(uint hash) const { return (hash * 2654435769u) >> (32 - m_bits); }
     std::size_t nextPlace(std::size_t place) const { return (place + 1) & (m_tags.size() - 1); }
-    bool isAt(std::size_t place, const uchar *prefixed, std::size_t bytes) const;
+    static bool isSame(const Entry &entry, uint hash, const PackedText &text);
     void put(std::size_t place, qint32 number);
     void grow();
 
@@ -35,11 +47,9 @@ private:
     // not.
     std::vector<quint16> m_tags; ///< 16 bits of the hash by place, 0 for a free place
     std::vector<qint32> m_numbers; ///< of the text by place
-    QVector<uint> m_hashes; ///< by number
     int m_bits = 5; ///< the next table has one more
-    /// Each text: its size in 16 bits of the machine, whether it is wide in 8, and its characters.
-    QVector<const uchar *> m_texts;
-    std::vector<std::unique_ptr<uchar[]>> m_blocks; ///< where they stand
+    QVector<Entry> m_texts; ///< by number
+    std::vector<std::unique_ptr<uchar[]>> m_blocks; ///< where their characters stand
     uchar *m_free = nullptr; ///< in the last block
     int m_freeBytes = 0;
 };

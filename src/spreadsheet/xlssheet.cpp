@@ -135,13 +135,12 @@ void writeMerges(RecordStream &stream, const QVector<MergeData> &merges)
 
 quint32 writeSheet(RecordStream &stream, const WorkbookData &book, const SheetData &sheet, bool isFirst)
 {
-    const int defaultHeight = lineTwips(book.fonts.first().size);
-    XlsRows rows(stream, sheet, defaultHeight);
+    XlsRows rows(stream, book, sheet);
     writeBof(stream, Substream::Sheet);
     rows.writeIndex();
     writeCalculation(stream);
     writePrintOptions(stream, sheet);
-    writeLayout(stream, sheet, defaultHeight);
+    writeLayout(stream, sheet, rows.defaultHeight());
     writeHeaderAndFooter(stream, sheet);
     writeMargins(stream, sheet);
     writeSetup(stream, sheet);

@@ -20,6 +20,7 @@ private slots:
     void rowHeights();
     void rowsWithoutCells();
     void usualHeight();
+    void neededHeight();
     void manyMerges();
     void gridlines();
     void usualPage();
@@ -154,6 +155,28 @@ void TestXlsPages::usualHeight()
     const QJsonObject row = saved().sheet()["rows"].toObject()["0"].toObject();
     QCOMPARE(row["height"].toDouble(), 25.5);
     QVERIFY(!row["own"].toBool());
+}
+
+void TestXlsPages::neededHeight()
+{
+    Font *font = m_book->addFont();
+    font->setSize(20);
+    Format *large = m_book->addFormat();
+    large->setFont(font);
+    Format *wrapped = m_book->addFormat();
+    wrapped->setWrap(true);
+    m_sheet->setCol(0, 0, 10);
+    m_sheet->writeStr(0, 0, "x", large);
+    m_sheet->writeStr(1, 0, QString(25, 'x'), wrapped); // 3 lines
+    m_sheet->writeStr(2, 0, QString(5, QChar(0x10d)) + "\n\nx", wrapped);
+    m_sheet->writeStr(3, 0, QString(25, 'x'));
+    const QJsonObject rows = saved().sheet()["rows"].toObject();
+    const double heights[] = {25.5, 3 * 12.75, 3 * 12.75, 12.75};
+    for (int row = 0; row < 4; ++row) {
+        const QJsonObject read = rows[QString::number(row)].toObject();
+        QCOMPARE(read["height"].toDouble(), heights[row]);
+        QVERIFY(!read["own"].toBool()); // programs may fit it to another text
+    }
 }
 
 void TestXlsPages::manyMerges()
