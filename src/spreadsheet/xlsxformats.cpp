@@ -6,10 +6,6 @@ namespace Spreadsheet {
 
 namespace {
 
-/// The library's own default font, and its family in the file format: Swiss, without serifs.
-const char libraryFont[] = "Calibri";
-constexpr uint8_t noFamily = 0;
-
 /// For the library 0 is no colour, so black has a number of its own.
 lxw_color_t lxwColor(Color color)
 {
@@ -65,6 +61,8 @@ uint8_t alignment(AlignV align)
     return LXW_ALIGN_VERTICAL_BOTTOM;
 }
 
+/// The bottom is said outright, though it is where texts stand anyway: the library takes a format that looks like its
+/// own first one for that, and that has another font by now.
 void setAlignment(lxw_format *format, const FormatData &data)
 {
     format_set_align(format, alignment(data.alignH));
@@ -135,9 +133,6 @@ bool XlsxFormats::setFont(lxw_format *format, const FontData &font, QString *err
         format_set_bold(format);
     if (font.color != colorAutomatic)
         format_set_font_color(format, lxwColor(font.color));
-    // The library takes a format that looks like its own first one for that, though that has another font by now.
-    if (name == libraryFont)
-        format_set_font_family(format, noFamily);
     return true;
 }
 
