@@ -61,8 +61,6 @@ uint8_t alignment(AlignV align)
     return LXW_ALIGN_VERTICAL_BOTTOM;
 }
 
-/// The bottom is said outright, though it is where texts stand anyway: the library takes a format that looks like its
-/// own first one for that, and that has another font by now.
 void setAlignment(lxw_format *format, const FormatData &data)
 {
     format_set_align(format, alignment(data.alignH));
@@ -122,6 +120,7 @@ bool XlsxFormats::fill(lxw_format *format, const FormatData &data, QString *erro
     return true;
 }
 
+/// The library takes a format without a font's name of its own for its first one, which has another font by now.
 bool XlsxFormats::setFont(lxw_format *format, const FontData &font, QString *error) const
 {
     QByteArray name;
