@@ -1,6 +1,7 @@
 #include "spreadsheet/xlsxsheet.h"
 
 #include "spreadsheet/sheetrows.h"
+#include "spreadsheet/units.h"
 #include "spreadsheet/xlsxtext.h"
 
 #include <algorithm>
@@ -76,8 +77,10 @@ bool XlsxSheet::setPrint()
     if (m_sheet.repeatFirst >= 0
         && !passes(worksheet_repeat_rows(m_worksheet, lxw_row_t(m_sheet.repeatFirst), lxw_row_t(m_sheet.repeatLast))))
         return false;
-    return m_sheet.footer.isEmpty()
-        || passes(worksheet_set_footer(m_worksheet, xlsxName(QLatin1String("&C") + m_sheet.footer).constData()));
+    lxw_header_footer_options options = {};
+    options.margin = footerMargin(m_sheet.marginBottom);
+    const QByteArray footer = xlsxName(QLatin1String("&C") + m_sheet.footer);
+    return m_sheet.footer.isEmpty() || passes(worksheet_set_footer_opt(m_worksheet, footer.constData(), &options));
 }
 
 bool XlsxSheet::setColumns()

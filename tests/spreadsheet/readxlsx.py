@@ -92,6 +92,7 @@ def page(sheet):
             sheet.page_margins.top,
             sheet.page_margins.bottom,
         ],
+        "footerMargin": sheet.page_margins.footer,
         "fitToPage": bool(sheet.sheet_properties.pageSetUpPr and sheet.sheet_properties.pageSetUpPr.fitToPage),
         "fitToWidth": sheet.page_setup.fitToWidth,
         "fitToHeight": sheet.page_setup.fitToHeight,

@@ -78,6 +78,8 @@ private slots:
     void pagesToFit();
     void footers_data();
     void footers();
+    void roomForTheFooter_data();
+    void roomForTheFooter();
 
 private:
     XlsxFile write(const XlsxData &book)
@@ -536,6 +538,27 @@ void TestXlsxLook::footers()
     XlsxData book;
     book.sheet().footer = footer;
     QCOMPARE(part(write(book).page(), "footer").toString(), footer);
+}
+
+void TestXlsxLook::roomForTheFooter_data()
+{
+    QTest::addColumn<double>("bottom");
+    QTest::addColumn<double>("footer");
+    QTest::newRow("usual") << 1.0 << 0.3;
+    QTest::newRow("just enough") << 0.47 << 0.3;
+    QTest::newRow("narrow") << 0.1968 << 0.0268;
+    QTest::newRow("none") << 0.0 << 0.02;
+}
+
+/// A footer that would reach into the cells is left out by the programs that print them.
+void TestXlsxLook::roomForTheFooter()
+{
+    QFETCH(double, bottom);
+    QFETCH(double, footer);
+    XlsxData book;
+    book.sheet().marginBottom = bottom;
+    book.sheet().footer = QStringLiteral("&P / &N");
+    QCOMPARE(part(write(book).page(), "footerMargin").toDouble(), footer);
 }
 
 QTEST_GUILESS_MAIN(TestXlsxLook)
