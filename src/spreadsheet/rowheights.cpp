@@ -24,9 +24,10 @@ ushort unitAt(const PackedText &text, int index)
     return text.isWide ? qFromLittleEndian<quint16>(text.bytes + 2 * index) : text.bytes[index];
 }
 
+/// However narrow the column is, a line has a character.
 int wrappedLines(int length, double charactersPerLine)
 {
-    return std::max(1, int(std::ceil(length / charactersPerLine)));
+    return std::max(1, int(std::ceil(length / std::max(1.0, charactersPerLine))));
 }
 
 /// The lines of a text in a column that holds so many of its characters.

@@ -19,7 +19,7 @@ quint16 tagOf(uint hash)
 uchar *TextTable::roomFor(int bytes)
 {
     constexpr int blockSize = 1 << 18; // room for the longest text
-    if (bytes > m_freeBytes) {
+    if (!m_free || bytes > m_freeBytes) {
         m_blocks.emplace_back(new uchar[blockSize]);
         m_free = m_blocks.back().get();
         m_freeBytes = blockSize;
