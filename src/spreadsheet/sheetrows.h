@@ -4,8 +4,8 @@
 
 namespace Spreadsheet {
 
-/// The rows of a sheet from top to bottom with their cells as an XLS file has them: those that were written, and those
-/// that merged cells cover. These are blank, so that nothing hides, and take the format of the first cell unless they
+/// The rows of a sheet from top to bottom with their cells as a file has them: those that were written, and those that
+/// merged cells cover. These are blank, so that nothing hides, and take the format of the first cell unless they
 /// have one of their own, so that borders and fills show all around.
 class SheetRows {
 public:

@@ -1,5 +1,6 @@
 #include "spreadsheet/xlsxsheet.h"
 
+#include "spreadsheet/sheetrows.h"
 #include "spreadsheet/xlsxtext.h"
 
 #include <algorithm>
@@ -25,7 +26,6 @@ XlsxSheet::XlsxSheet(const SheetData &sheet, const TextTable &texts, const XlsxF
     , m_texts(texts)
     , m_formats(formats)
     , m_worksheet(worksheet)
-    , m_covered(sheet)
 {
 }
 
@@ -38,10 +38,10 @@ bool XlsxSheet::passes(lxw_error result)
 
 bool XlsxSheet::write(QString *error)
 {
-    if (!m_covered.areFew())
-        m_error = QStringLiteral("it has too many merged cells");
     setPage();
-    if (m_covered.areFew() && setPrint() && setColumns() && setMerges() && writeRows())
+    if (!areMergesSmall())
+        m_error = QStringLiteral("its merged cells cover too many");
+    else if (setPrint() && setColumns() && setMerges() && writeRows())
         return true;
     *error = QStringLiteral("sheet \"%1\": %2").arg(m_sheet.name, m_error);
     return false;
@@ -92,6 +92,20 @@ bool XlsxSheet::setColumn(lxw_col_t col, const ColumnData &data)
                                            data.format == 0 ? nullptr : m_formats.at(data.format), &options));
 }
 
+/// Each cell that is covered by one with a look is written. A merged cell over the whole sheet would be 17 thousand
+/// million.
+bool XlsxSheet::areMergesSmall() const
+{
+    constexpr qint64 most = 4'000'000;
+    qint64 count = 0;
+    for (const MergeData &merge : m_sheet.merges) {
+        const Cell *const first = m_sheet.cells.find(merge.rowFirst, merge.colFirst);
+        if (first && first->format != 0)
+            count += qint64(merge.rowLast - merge.rowFirst + 1) * (merge.colLast - merge.colFirst + 1);
+    }
+    return count <= most;
+}
+
 /// Only the ranges: their cells are written with their rows, which a format given here would mix up.
 bool XlsxSheet::setMerges()
 {
@@ -101,20 +115,14 @@ bool XlsxSheet::setMerges()
     });
 }
 
-int XlsxSheet::lastRow() const
-{
-    const int lastSet = m_sheet.rows.isEmpty() ? -1 : m_sheet.rows.lastKey();
-    return std::max({m_sheet.cells.rowCount() - 1, lastSet, m_covered.lastRow()});
-}
-
 bool XlsxSheet::writeRows()
 {
-    CellGrid::Row buffer;
-    const int last = lastRow();
-    for (int row = 0; row <= last; ++row) {
+    SheetRows rows(m_sheet);
+    CellGrid::Row own;
+    for (int row = rows.range().rowFirst; row < rows.range().rowEnd; ++row) {
         if (!setRow(lxw_row_t(row)))
             return false;
-        for (const Cell &cell : m_covered.row(row, &buffer)) {
+        for (const Cell &cell : rows.cells(row, own)) {
             if (!writeCell(lxw_row_t(row), cell))
                 return false;
         }

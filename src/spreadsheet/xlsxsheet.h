@@ -1,6 +1,5 @@
 #pragma once
 
-#include "spreadsheet/coveredcells.h"
 #include "spreadsheet/workbook.h"
 #include "spreadsheet/xlsxformats.h"
 
@@ -14,7 +13,7 @@ public:
     /// All must outlive it; `formats` are made.
     XlsxSheet(const SheetData &sheet, const TextTable &texts, const XlsxFormats &formats, lxw_worksheet *worksheet);
 
-    /// False with the reason in `error`.
+    /// False with the reason in `error`. To be called once.
     bool write(QString *error);
     /// How many cells the file must have.
     qint64 cellCount() const { return m_cellCount; }
@@ -24,13 +23,13 @@ private:
     bool setColumn(lxw_col_t col, const ColumnData &data);
     void setPage();
     bool setPrint();
+    bool areMergesSmall() const;
     bool setMerges();
     bool writeRows();
     bool setRow(lxw_row_t row);
     bool writeCell(lxw_row_t row, const Cell &cell);
     bool writeBlank(lxw_row_t row, const Cell &cell);
     bool writeText(lxw_row_t row, const Cell &cell);
-    int lastRow() const;
     /// Notes what a call of the library gave.
     bool passes(lxw_error result);
 
@@ -38,7 +37,6 @@ private:
     const TextTable &m_texts;
     const XlsxFormats &m_formats;
     lxw_worksheet *const m_worksheet;
-    const CoveredCells m_covered;
     qint64 m_cellCount = 0;
     QString m_error;
 };
