@@ -2,6 +2,7 @@
 
 #include "exports/monthbook.h"
 #include "exports/reportmonth.h"
+#include "exports/rowheight.h"
 #include "exports/sheetparts.h"
 #include "exports/sheetsetup.h"
 #include "exports/sheetwriter.h"
@@ -14,6 +15,7 @@ namespace {
 enum Column { PidColumn, PamIdColumn, NameColumn, QuantityColumn, SumColumn };
 enum ModelColumn { ModelQuantity = 3, ModelSum = 5 };
 
+constexpr double widths[] = {10, 18, 45, 25, 10};
 constexpr int headerRow = 9;
 constexpr int firstRow = 10;
 
@@ -24,11 +26,8 @@ QString text(const char *source)
 
 void setUp(SheetWriter &writer)
 {
-    int column = 0;
-    for (const double width : {10, 18, 45, 25, 10}) {
-        writer.setWidth(column, column, width);
-        ++column;
-    }
+    for (int column = PidColumn; column <= SumColumn; ++column)
+        writer.setWidth(column, column, widths[column]);
     // Two empty rows above the headings, on purpose: a later page begins with their air and has no headings.
     writer.repeatRows(5, 6);
 }
@@ -50,6 +49,8 @@ void writePerson(SheetWriter &writer, const MonthBook &formats, int row, const B
     writer.text(row, NameColumn, person.name, formats.look.cellLeft);
     writer.number(row, QuantityColumn, person.quantity, formats.look.cell);
     writer.number(row, SumColumn, person.sum, formats.money);
+    writer.setLines(row,
+                    qMax(lineCount(person.name, widths[NameColumn]), lineCount(person.pamId, widths[PamIdColumn])));
 }
 
 void writeTotals(SheetWriter &writer, const MonthBook &formats, int row, const QVector<BranchMonth::Person> &people)
@@ -61,7 +62,7 @@ void writeTotals(SheetWriter &writer, const MonthBook &formats, int row, const Q
         sum += person.sum;
     }
     writer.number(row, QuantityColumn, quantity, formats.look.total);
-    writer.number(row, SumColumn, sum, formats.moneyTotal);
+    writer.number(row, SumColumn, sum, formats.moneyTotal(sum, widths[SumColumn]));
 }
 
 } // namespace

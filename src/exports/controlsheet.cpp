@@ -5,6 +5,7 @@
 #include "exports/controlmonth.h"
 #include "exports/controlsums.h"
 #include "exports/reportmonth.h"
+#include "exports/rowheight.h"
 #include "exports/sheetparts.h"
 #include "exports/sheetsetup.h"
 #include "exports/sheetwriter.h"
@@ -24,7 +25,7 @@ constexpr int legendLastColumn = 30;
 constexpr int headerRow = 9;
 constexpr int lastHeaderRow = 11;
 constexpr int firstPersonRow = 12;
-constexpr double tallestRow = 409;
+constexpr double nameWidth = 45;
 
 QString text(const char *source)
 {
@@ -89,7 +90,7 @@ bool ControlTable::write(const QDateTime &now)
 void ControlTable::setWidths()
 {
     m_writer.setWidth(PidColumn, PidColumn, 10);
-    m_writer.setWidth(NameColumn, NameColumn, 45);
+    m_writer.setWidth(NameColumn, NameColumn, nameWidth);
     m_writer.setWidth(2, 2, 24);
     m_writer.setWidth(3, 7, 18);
     m_writer.setWidth(ControlColumns::firstOfDays, m_columns.total() - 1, ControlBook::dayColumnWidth);
@@ -117,8 +118,8 @@ void ControlTable::writeLegend()
     const QString legend = ControlLegend::text(segments, types);
     m_writer.text(legendRow, 0, legend, m_formats.legend);
     m_writer.merge(legendRow, legendRow, 0, legendLastColumn);
-    // No program finds the height of a merged cell by itself. At least the first two columns are seen, with 60 letters.
-    m_writer.setHeight(legendRow, qMin(tallestRow, 15.0 + 12 * (legend.size() / 60)));
+    // No program finds the height of a merged cell by itself. The columns of the first days may be hidden.
+    m_writer.setLines(legendRow, lineCount(legend, 10 + nameWidth));
 }
 
 // Header --------------------------------------------------------------------------------------------------------------
@@ -165,7 +166,7 @@ void ControlTable::writeBody()
             continue;
         const int row = rowOf(order);
         const double quantity = m_writer.numberAt(row, column) + order.quantity;
-        m_writer.number(row, column, quantity, m_formats.number(qint64(quantity), 1));
+        m_writer.number(row, column, quantity, m_formats.number(qint64(quantity)));
         m_personSums[std::size_t(row - firstPersonRow)] += order.quantity;
         m_sums.add(column, order.quantity);
     }
@@ -189,6 +190,7 @@ int ControlTable::addPerson(const ControlMonth::Order &order)
     m_writer.text(m_row, PidColumn, order.pid, m_formats.look.cell);
     m_writer.text(m_row, NameColumn, order.personName, m_formats.look.cellLeft);
     m_writer.fill(m_row, ControlColumns::firstOfDays, m_columns.total() - 1, QString(), m_formats.look.cell);
+    m_writer.setLines(m_row, lineCount(order.personName, nameWidth));
     m_personSums.push_back(0);
     m_rowsOfPid.insert(order.personName, m_row);
     return m_row++;

@@ -2,12 +2,15 @@
 
 #include "exports/monthbook.h"
 #include "exports/reportmonth.h"
+#include "exports/rowheight.h"
 #include "exports/sheetparts.h"
 #include "exports/sheetsetup.h"
 #include "exports/sheetwriter.h"
 
 #include <QAbstractItemModel>
 #include <QCoreApplication>
+
+#include <algorithm>
 
 namespace {
 
@@ -23,6 +26,10 @@ enum Column {
     DeliveredColumn
 };
 
+constexpr double segmentWidth = 12;
+constexpr double foodWidth = 45;
+constexpr double moneyWidth = 12;
+constexpr double wideWidth = 40;
 constexpr int headerRow = 3;
 
 QString text(const char *source)
@@ -33,11 +40,11 @@ QString text(const char *source)
 void setUp(SheetWriter &writer)
 {
     writer.setWidth(DateColumn, DateColumn, 10);
-    writer.setWidth(SegmentColumn, SegmentColumn, 12);
-    writer.setWidth(FoodColumn, FoodColumn, 45);
+    writer.setWidth(SegmentColumn, SegmentColumn, segmentWidth);
+    writer.setWidth(FoodColumn, FoodColumn, foodWidth);
     // Wide enough for the headings, and two of them for the time in the footer.
-    writer.setWidth(PriceColumn, SumColumn, 12);
-    writer.setWidth(OrderedColumn, DeliveredColumn, 40);
+    writer.setWidth(PriceColumn, SumColumn, moneyWidth);
+    writer.setWidth(OrderedColumn, DeliveredColumn, wideWidth);
     writer.setHeight(2, 3);
 }
 
@@ -65,6 +72,9 @@ void writeOrder(SheetWriter &writer, const MonthBook &formats, int row, const Pe
     writer.number(row, SumColumn, order.sum, formats.money);
     writer.text(row, OrderedColumn, order.ordered, look.cell);
     writer.text(row, DeliveredColumn, order.delivered, look.cell);
+    writer.setLines(row,
+                    std::max({lineCount(order.segment, segmentWidth), lineCount(order.food, foodWidth),
+                              lineCount(order.ordered, wideWidth)}));
 }
 
 /// The total stands under the sums of the rows.
@@ -75,7 +85,7 @@ void writeTotal(SheetWriter &writer, const MonthBook &formats, int row, const QV
         total += order.sum;
     writer.text(row, DateColumn, text("Cena celkom:"), formats.look.totalLeft);
     writer.merge(row, row, DateColumn, SegmentColumn);
-    writer.number(row, SumColumn, total, formats.moneyTotal);
+    writer.number(row, SumColumn, total, formats.moneyTotal(total, moneyWidth));
 }
 
 } // namespace

@@ -70,7 +70,8 @@ void SheetLook::makeHeadings(Book &book, const QString &headingFont)
     titleFormat->setWrap(true);
     setFill(titleFormat, colors.accent);
     title = titleFormat;
-    caption = makeFormat(book, nullptr, makeFont(book, titleFont, 12, true, colorAutomatic), AlignH::Left);
+    // Size 11, so that a label fits into a column of 10 digits.
+    caption = makeFormat(book, nullptr, makeFont(book, titleFont, 11, true, colorAutomatic), AlignH::Left);
     branch = makeFormat(book, nullptr, makeFont(book, titleFont, 15, true, colors.accent), AlignH::Left);
     // The letters of the title are too high for the row of the headings.
     Format *headerFormat = makeFormat(book, title, labelFont, AlignH::Center);
@@ -110,14 +111,5 @@ const Format *SheetLook::withNumFormat(Book &book, const Format *format, int num
 {
     Format *copy = book.addFormat(format);
     copy->setNumFormat(numFormat);
-    return copy;
-}
-
-const Format *SheetLook::withFontSize(Book &book, const Format *format, const Font *font, int size)
-{
-    Font *sized = book.addFont(font);
-    sized->setSize(size);
-    Format *copy = book.addFormat(format);
-    copy->setFont(sized);
     return copy;
 }

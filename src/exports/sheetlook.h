@@ -25,8 +25,6 @@ struct SheetLook {
 
     /// A copy of `format` with a number format of the same book.
     static const Format *withNumFormat(Book &book, const Format *format, int numFormat);
-    /// A copy of `format` with a copy of `font` in another size, in points.
-    static const Format *withFontSize(Book &book, const Format *format, const Font *font, int size);
 
     SheetColors colors;
 

@@ -5,7 +5,7 @@
 /// The looks of the control export, as `RecordedFormat` tells them.
 namespace ControlLook {
 constexpr QLatin1String title("Cambria 15 bold #ffffff; left middle wrap; fill #00adef");
-constexpr QLatin1String caption("Cambria 12 bold auto; left middle");
+constexpr QLatin1String caption("Cambria 11 bold auto; left middle");
 constexpr QLatin1String branch("Cambria 15 bold #00adef; left middle");
 constexpr QLatin1String legend("MS Shell Dlg 2 9 #7f7f7f; left middle wrap");
 constexpr QLatin1String spacer("MS Shell Dlg 2 10 auto; general bottom; 5 #00adef / 1 #fafafa");

@@ -5,7 +5,7 @@
 /// The looks of the monthly sheets, as `RecordedFormat` tells them.
 namespace MonthLook {
 constexpr QLatin1String title("MS Shell Dlg 2 15 bold 9; left middle wrap; fill #00adef");
-constexpr QLatin1String caption("MS Shell Dlg 2 12 bold auto; left middle");
+constexpr QLatin1String caption("MS Shell Dlg 2 11 bold auto; left middle");
 constexpr QLatin1String branch("MS Shell Dlg 2 15 bold #00adef; left middle");
 constexpr QLatin1String spacer("MS Shell Dlg 2 10 auto; general bottom; 5 #00adef / 1 #fafafa");
 constexpr QLatin1String header("MS Shell Dlg 2 11 bold 9; centre middle wrap; fill #00adef; 1 9");

@@ -20,7 +20,10 @@ private slots:
     void sizes();
     void merges_data();
     void merges();
+    void longNamesNeedHigherRows();
     void sumsOfManyPeople();
+    void largeSumsHaveSmallerLetters_data();
+    void largeSumsHaveSmallerLetters();
     void hostileNames_data();
     void hostileNames();
     void tooManyRows_data();
@@ -152,6 +155,44 @@ void TestBranchMonthSheet::merges()
     QCOMPARE(book.sheet.mergeCount(), 2);
     QCOMPARE(book.sheet.mergeAt(0, 0), QStringLiteral("rows 0-1, columns 0-4"));
     QCOMPARE(book.sheet.mergeAt(18 + people, 3), QStringLiteral("rows %1-%1, columns 3-4").arg(18 + people));
+}
+
+void TestBranchMonthSheet::longNamesNeedHigherRows()
+{
+    BranchMonth month = march(3);
+    month.people[0].name = QStringLiteral("Kollárovičová-Štefánikovská Alexandra Mária Antónia Eleonóra");
+    month.people[2].pamId = QStringLiteral("0123456789 0123456789 0123456789");
+    RecordingBook book;
+    QVERIFY(writeBranchMonth(book, month, now()));
+    QCOMPARE(book.sheet.heights.value(10), 26.0);
+    QVERIFY(!book.sheet.heights.contains(11));
+    QCOMPARE(book.sheet.heights.value(12), 39.0);
+}
+
+void TestBranchMonthSheet::largeSumsHaveSmallerLetters_data()
+{
+    QTest::addColumn<double>("sum");
+    QTest::addColumn<int>("size");
+    QTest::newRow("0.00 €") << 0.0 << 11;
+    QTest::newRow("999.99 €") << 999.99 << 11;
+    QTest::newRow("1000.00 €") << 1000.0 << 10;
+    QTest::newRow("30000.00 €") << 30000.0 << 9;
+    QTest::newRow("250000.00 €") << 250000.0 << 8;
+    QTest::newRow("-30000.00 €") << -30000.0 << 8;
+}
+
+/// Programs show "###" instead of a number that does not fit.
+void TestBranchMonthSheet::largeSumsHaveSmallerLetters()
+{
+    QFETCH(double, sum);
+    QFETCH(int, size);
+    BranchMonth month = march(1);
+    month.people[0].sum = sum;
+    RecordingBook book;
+    QVERIFY(writeBranchMonth(book, month, now()));
+    QVERIFY2(book.sheet.look(13, 4).startsWith(QStringLiteral("MS Shell Dlg 2 %1 bold").arg(size)),
+             qPrintable(book.sheet.look(13, 4)));
+    QVERIFY(book.sheet.look(13, 4).endsWith("number format 165"));
 }
 
 void TestBranchMonthSheet::sumsOfManyPeople()
