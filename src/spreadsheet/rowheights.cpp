@@ -24,23 +24,47 @@ ushort unitAt(const PackedText &text, int index)
     return text.isWide ? qFromLittleEndian<quint16>(text.bytes + 2 * index) : text.bytes[index];
 }
 
-/// However narrow the column is, a line has a character.
-int wrappedLines(int length, double charactersPerLine)
+/// The width of a character in digits. The figures are those of the usual fonts of offices, rounded to what is
+/// easily told.
+double digitsOf(ushort unit)
 {
-    return std::max(1, int(std::ceil(length / std::max(1.0, charactersPerLine))));
+    constexpr ushort firstWide = 0x1100; // East Asian; the halves of a surrogate pair make one wide character
+    if (unit >= firstWide && !QChar::isSurrogate(unit))
+        return 2;
+    static const QString narrow = QStringLiteral(" .,:;'!|ijlftrIJ()[]-/íîïìĺľťŕ");
+    static const QString broad = QStringLiteral("mwMW@%&");
+    if (narrow.contains(QChar(unit)))
+        return 0.5;
+    if (broad.contains(QChar(unit)))
+        return 1.6;
+    return QChar::isUpper(uint(unit)) ? 1.25 : 1;
 }
 
-/// The lines of a text in a column that holds so many of its characters.
-int wrappedLines(const PackedText &text, double charactersPerLine)
+/// The lines of the characters from `begin` to before `end` in a column of so many digits; at least one. A text of no
+/// more characters than that is taken to fit without a look at them.
+int wrappedLines(const PackedText &text, int begin, int end, double digitsPerLine)
+{
+    // However narrow the column is, a line has a character.
+    const double room = std::max(1.0, digitsPerLine);
+    if (end - begin <= room)
+        return 1;
+    double digits = 0;
+    for (int index = begin; index < end; ++index)
+        digits += digitsOf(unitAt(text, index));
+    return std::max(1, int(std::ceil(digits / room)));
+}
+
+/// The lines of a text in a column that holds so many digits of its font.
+int wrappedLines(const PackedText &text, double digitsPerLine)
 {
     if (!text.hasLineEnd)
-        return wrappedLines(text.size, charactersPerLine);
+        return wrappedLines(text, 0, text.size, digitsPerLine);
     int lines = 0;
     int begin = 0;
     for (int end = 0; end <= text.size; ++end) {
         if (end < text.size && unitAt(text, end) != '\n')
             continue;
-        lines += wrappedLines(end - begin, charactersPerLine);
+        lines += wrappedLines(text, begin, end, digitsPerLine);
         begin = end + 1;
     }
     return lines;

@@ -11,9 +11,10 @@ namespace Spreadsheet {
 /// How high the rows of a sheet must be that were given no height: programs that print or convert a file take rows as
 /// high as it says, and do not look at what is in them.
 ///
-/// The height is that of the largest font, times the lines where a text is wrapped. How many these are is an estimate:
-/// each character counts as wide as a digit, which is rather too many than too few. Texts in merged cells count as one
-/// line, and not at all where the cells are of several rows.
+/// The height is that of the largest font, times the lines where a text is wrapped. How many these are is an estimate
+/// by the kind of each character ("02. 11. 2026" is as wide as ten digits: eight digits and four narrow signs), for no
+/// font is at hand where a file is written. Texts in merged cells count as one line, and not at all where the cells are
+/// of several rows.
 class RowHeights {
 public:
     /// `book` must outlive it; both stay as they are.

@@ -81,6 +81,14 @@ void TestRowHeights::wrappedTexts_data()
     QTest::newRow("three lines") << QString(60, QLatin1Char('x')) << 3;
     QTest::newRow("line end") << QStringLiteral("a\nb") << 2;
     QTest::newRow("line end last") << QStringLiteral("a\n") << 2;
+    QTest::newRow("narrow letters") << QString(40, QLatin1Char('i')) << 1;
+    QTest::newRow("one more narrow letter") << QString(41, QLatin1Char('i')) << 2;
+    QTest::newRow("date and time") << QStringLiteral("02. 11. 2026, 12:00:00") << 1;
+    QTest::newRow("broad letters") << QString(21, QLatin1Char('W')) << 2;
+    QTest::newRow("capitals") << QString(33, QLatin1Char('A')) << 3;
+    QTest::newRow("Slovak letters") << QStringLiteral("ľščťžýáíéôúäňďĺŕ ľščť") << 1;
+    QTest::newRow("East Asian") << QString(21, QChar(0x4e2d)) << 3;
+    QTest::newRow("surrogate pairs") << QStringLiteral("\U0001F372").repeated(20) << 2;
     QTest::newRow("line end in long ones") << QString(21, QLatin1Char('x')) + QStringLiteral("\n\ny") << 4;
 }
 
