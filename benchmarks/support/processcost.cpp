@@ -23,13 +23,14 @@ double peakMegabytes()
     return 0;
 }
 
-ProcessCost costOf(const std::function<void()> &work)
+ProcessCost costOf(const std::function<void()> &prepare, const std::function<void()> &work)
 {
     int ends[2];
     if (pipe(ends) != 0)
         qFatal("no pipe");
     const pid_t child = fork();
     if (child == 0) {
+        prepare();
         const double start = processorMilliseconds();
         work();
         const ProcessCost cost{processorMilliseconds() - start, peakMegabytes()};
@@ -48,10 +49,16 @@ ProcessCost costOf(const std::function<void()> &work)
 
 ProcessCost medianCost(int runs, const std::function<void()> &work)
 {
+    return medianCost(
+        runs, [] {}, work);
+}
+
+ProcessCost medianCost(int runs, const std::function<void()> &prepare, const std::function<void()> &work)
+{
     QVector<double> times;
     QVector<double> memory;
     for (int run = 0; run < runs; ++run) {
-        const ProcessCost cost = costOf(work);
+        const ProcessCost cost = costOf(prepare, work);
         times.append(cost.milliseconds);
         memory.append(cost.megabytes);
     }

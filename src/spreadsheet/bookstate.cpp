@@ -27,22 +27,13 @@ bool BookState::fail(const QString &reason) const
     return false;
 }
 
-bool BookState::hasRows(int first, int last) const
+bool BookState::failRange(const char *what, int first, int last, int count) const
 {
-    if (first >= 0 && first <= last && last < limits.rows)
-        return true;
-    return fail(
-        QStringLiteral("There are no rows %1 to %2; the last one is %3").arg(first).arg(last).arg(limits.rows - 1));
-}
-
-bool BookState::hasColumns(int first, int last) const
-{
-    if (first >= 0 && first <= last && last < limits.columns)
-        return true;
-    return fail(QStringLiteral("There are no columns %1 to %2; the last one is %3")
+    return fail(QStringLiteral("There are no %1 %2 to %3; the last one is %4")
+                    .arg(QLatin1String(what))
                     .arg(first)
                     .arg(last)
-                    .arg(limits.columns - 1));
+                    .arg(count - 1));
 }
 
 bool BookState::isColor(Color color) const

@@ -39,11 +39,21 @@ struct BookState {
     /// Keeps the reason of a failure; false, so that an operation can return it.
     bool fail(const QString &reason) const;
     /// Whether there are such rows, from a first to a last one.
-    bool hasRows(int first, int last) const;
-    bool hasColumns(int first, int last) const;
+    bool hasRows(int first, int last) const
+    {
+        return (first >= 0 && first <= last && last < limits.rows) || failRange("rows", first, last, limits.rows);
+    }
+    bool hasColumns(int first, int last) const
+    {
+        return (first >= 0 && first <= last && last < limits.columns)
+            || failRange("columns", first, last, limits.columns);
+    }
     bool isColor(Color color) const;
     bool isFontName(const QString &name) const;
     bool isFontSize(int size) const;
+
+private:
+    bool failRange(const char *what, int first, int last, int count) const;
 };
 
 /// Whether a text has characters below the space, but for those in `allowed`.

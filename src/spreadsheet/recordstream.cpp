@@ -1,6 +1,7 @@
 #include "spreadsheet/recordstream.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 
 namespace Spreadsheet {
@@ -29,49 +30,47 @@ RecordStream &RecordStream::fill(int value, int count)
     return *this;
 }
 
-RecordStream &RecordStream::units(const FileText &text, int first, int count)
+void RecordStream::optionAndUnits(const QString &text)
 {
-    const ushort *from = text.units() + first;
-    if (text.isWide()) {
-        qToLittleEndian<quint16>(from, count, m_at);
-        m_at += 2 * count;
-    } else {
-        uchar *to = m_at;
-        for (int i = 0; i < count; ++i)
-            to[i] = uchar(from[i]);
-        m_at += count;
-    }
-    return *this;
+    const PackedText packed = packText(text, m_at + 1);
+    *m_at = packed.isWide;
+    m_at += 1 + packed.byteCount();
 }
 
 RecordStream &RecordStream::string8(const QString &text)
 {
-    const FileText fileText(text);
-    return u8(fileText.size()).u8(fileText.isWide()).units(fileText, 0, fileText.size());
+    u8(text.size()).optionAndUnits(text);
+    return *this;
 }
 
 RecordStream &RecordStream::string16(const QString &text)
 {
-    const FileText fileText(text);
-    return u16(fileText.size()).u8(fileText.isWide()).units(fileText, 0, fileText.size());
+    u16(text.size()).optionAndUnits(text);
+    return *this;
 }
 
 void RecordStream::patch(quint32 position, quint32 value)
 {
-    if (position >= m_flushed)
+    if (position >= m_flushed) {
         qToLittleEndian<quint32>(value, m_buffer.data() + (position - m_flushed));
+        return;
+    }
+    char bytes[sizeof value];
+    qToLittleEndian<quint32>(value, bytes);
+    // Places of one record come one after the other and are written in one go.
+    auto before = m_patches.lowerBound(position);
+    if (before != m_patches.begin() && std::prev(before).key() + quint32(std::prev(before)->size()) == position)
+        std::prev(before)->append(bytes, sizeof bytes);
     else
-        m_patches.emplace_back(position, value);
+        m_patches.insert(position, QByteArray(bytes, sizeof bytes));
 }
 
 bool RecordStream::finish(QString *error)
 {
     flush();
-    for (const auto &[position, value] : m_patches) {
-        uchar bytes[sizeof value];
-        qToLittleEndian<quint32>(value, bytes);
-        m_container.seek(position);
-        m_container.write(bytes, sizeof bytes);
+    for (auto patch = m_patches.begin(); patch != m_patches.end(); ++patch) {
+        m_container.seek(patch.key());
+        m_container.write(reinterpret_cast<const uchar *>(patch->constData()), patch->size());
     }
     m_container.seek(m_flushed);
     if (m_flushed <= std::numeric_limits<qint32>::max())

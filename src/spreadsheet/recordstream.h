@@ -1,13 +1,13 @@
 #pragma once
 
 #include "spreadsheet/biff.h"
-#include "spreadsheet/filetext.h"
 #include "spreadsheet/olecontainer.h"
+#include "spreadsheet/packedtext.h"
 
+#include <QMap>
 #include <QtEndian>
 
 #include <cstring>
-#include <utility>
 #include <vector>
 
 namespace Spreadsheet {
@@ -60,7 +60,13 @@ public:
     /// So many bytes of one value.
     RecordStream &fill(int value, int count);
     /// Characters of a text, 8 or 16 bits each; the lengths and the option byte are other fields.
-    RecordStream &units(const FileText &text, int first, int count);
+    RecordStream &units(const PackedText &text, int first, int count)
+    {
+        const int bytes = count * text.bytesPerUnit();
+        std::memcpy(m_at, text.bytes + first * text.bytesPerUnit(), std::size_t(bytes));
+        m_at += bytes;
+        return *this;
+    }
     /// A whole string with its length in 8 bits, or in 16 bits, and the option byte.
     RecordStream &string8(const QString &text);
     RecordStream &string16(const QString &text);
@@ -89,6 +95,8 @@ private:
         m_at += sizeof value;
         return *this;
     }
+    /// The option byte of a string and its characters.
+    void optionAndUnits(const QString &text);
     int contentSize() const { return int(m_at - m_record) - headerSize; }
     void flush();
 
@@ -98,7 +106,7 @@ private:
     uchar *m_at;
     uchar *m_record;
     qint64 m_flushed = 0; ///< bytes sent so far
-    std::vector<std::pair<quint32, quint32>> m_patches; ///< those of bytes that are sent
+    QMap<quint32, QByteArray> m_patches; ///< those of bytes that are sent, by position
 };
 
 } // namespace Spreadsheet

@@ -53,10 +53,13 @@ void SheetRows::measure()
 {
     constexpr int none = std::numeric_limits<int>::max();
     m_range.rowFirst = m_range.colFirst = none;
-    for (int row = 0; row < m_sheet.cells.rowCount(); ++row) {
-        const CellGrid::Row &cells = m_sheet.cells.row(row);
-        if (!cells.empty())
-            include(row, cells.front().col, cells.back().col + 1);
+    const CellGrid &grid = m_sheet.cells;
+    if (grid.rowCount() > 0) {
+        int row = 0;
+        while (grid.row(row).empty())
+            ++row;
+        include(row, grid.firstColumn(), grid.columnCount());
+        include(grid.rowCount() - 1, grid.firstColumn(), grid.columnCount());
     }
     for (auto row = m_sheet.rows.begin(); row != m_sheet.rows.end(); ++row)
         include(row.key(), none, 0);

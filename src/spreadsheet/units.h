@@ -29,4 +29,14 @@ inline int fileColumnWidth(double digits)
     return pixels * 256 / pixelsPerDigit;
 }
 
+/// How far the page's foot is from the edge of the paper, in inches: 0.3 as is usual, but less where its line of 10
+/// points would reach into the cells above the bottom margin. Programs leave out a foot that has no room.
+inline double footerMargin(double marginBottom)
+{
+    constexpr double usual = 0.3;
+    constexpr double line = 0.17;
+    constexpr double least = 0.02;
+    return qBound(least, marginBottom - line, usual);
+}
+
 } // namespace Spreadsheet

@@ -1,7 +1,5 @@
 #include "spreadsheet/workbook.h"
 
-#include <QHashFunctions>
-
 #include <algorithm>
 #include <array>
 
@@ -41,13 +39,26 @@ CellGrid::Row &CellGrid::rowAt(int row)
     return cells;
 }
 
+void CellGrid::include(int col)
+{
+    m_firstColumn = std::min(m_firstColumn, col);
+    m_columnCount = std::max(m_columnCount, col + 1);
+}
+
 Cell &CellGrid::at(int row, int col)
 {
     Row &cells = rowAt(row);
-    auto place = cells.end();
-    if (!cells.empty() && cells.back().col >= col)
-        place = std::lower_bound(cells.begin(), cells.end(), col, standsBefore);
-    if (place == cells.end() || place->col != col) {
+    if (cells.empty() || cells.back().col < col) {
+        include(col);
+        Cell &cell = cells.emplace_back();
+        cell.col = quint16(col);
+        return cell;
+    }
+    if (cells.back().col == col)
+        return cells.back();
+    auto place = std::lower_bound(cells.begin(), cells.end(), col, standsBefore);
+    if (place->col != col) {
+        include(col);
         place = cells.emplace(place);
         place->col = quint16(col);
     }
@@ -65,38 +76,6 @@ const Cell *CellGrid::find(int row, int col) const
         return &cells.back();
     const auto place = std::lower_bound(cells.begin(), cells.end(), col, standsBefore);
     return place->col == col ? &*place : nullptr;
-}
-
-qint32 TextTable::indexOf(const QString &text)
-{
-    if (std::size_t(m_texts.size()) * 2 >= m_places.size())
-        grow();
-    const uint hash = qHash(text);
-    const std::size_t mask = m_places.size() - 1;
-    std::size_t at = hash & mask;
-    for (; m_places[at].text >= 0; at = (at + 1) & mask) {
-        if (m_places[at].hash == hash && m_texts.at(m_places[at].text) == text)
-            return m_places[at].text;
-    }
-    m_places[at] = {hash, m_texts.size()};
-    m_texts.append(text);
-    return m_places[at].text;
-}
-
-void TextTable::grow()
-{
-    constexpr std::size_t least = 64;
-    const std::vector<Place> old = std::move(m_places);
-    m_places.assign(std::max(least, old.size() * 2), Place());
-    const std::size_t mask = m_places.size() - 1;
-    for (const Place &place : old) {
-        if (place.text < 0)
-            continue;
-        std::size_t at = place.hash & mask;
-        while (m_places[at].text >= 0)
-            at = (at + 1) & mask;
-        m_places[at] = place;
-    }
 }
 
 int paletteRgb(Color color)

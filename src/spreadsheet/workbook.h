@@ -1,11 +1,14 @@
 #pragma once
 
 #include "spreadsheet/book.h"
+#include "spreadsheet/texttable.h"
 
 #include <QMap>
 #include <QVector>
 
+#include <algorithm>
 #include <deque>
+#include <limits>
 #include <vector>
 
 /// What a book holds until it is saved: plain values, filled by the operations of spreadsheet/book.h and read by the
@@ -45,7 +48,7 @@ struct Cell {
     static constexpr qint32 isBlank = -2;
 
     double number = 0;
-    qint32 text = isBlank; ///< index into `WorkbookData::texts`, `isNumber` or `isBlank`
+    qint32 text = isBlank; ///< number in `WorkbookData::texts`, `isNumber` or `isBlank`
     quint16 col = 0;
     quint16 format = 0; ///< index into `WorkbookData::formats`
 };
@@ -61,13 +64,19 @@ public:
     const Cell *find(int row, int col) const;
     /// Number of rows up to the last one with a cell.
     int rowCount() const { return int(m_rows.size()); }
+    /// The first column with a cell, and the number of columns up to the last one with a cell; both 0 for no cells.
+    int firstColumn() const { return std::min(m_firstColumn, m_columnCount); }
+    int columnCount() const { return m_columnCount; }
     /// A row below `rowCount`.
     const Row &row(int row) const { return m_rows[std::size_t(row)]; }
 
 private:
     Row &rowAt(int row);
+    void include(int col);
 
     std::vector<Row> m_rows;
+    int m_firstColumn = std::numeric_limits<int>::max();
+    int m_columnCount = 0;
 };
 
 struct ColumnData {
@@ -110,27 +119,6 @@ struct SheetData {
     int repeatFirst = -1; ///< -1 for no repeated rows
     int repeatLast = -1;
     QString footer; ///< of the middle, without the "&C" of the file formats
-};
-
-/// The different texts of a book, numbered in the order of their first use.
-class TextTable {
-public:
-    /// The number of a text, a new one for a new text.
-    qint32 indexOf(const QString &text);
-    const QVector<QString> &texts() const { return m_texts; }
-
-private:
-    struct Place {
-        uint hash = 0;
-        qint32 text = -1; ///< index into `m_texts`, -1 for a free place
-    };
-
-    void grow();
-
-    /// A text stands at the place that its hash names, or at the next free one. A power of two, at most half of it
-    /// taken: next to this table a QHash takes twice the time and memory for texts that are mostly different.
-    std::vector<Place> m_places;
-    QVector<QString> m_texts;
 };
 
 /// The first number of a custom number format; those below belong to the file formats.

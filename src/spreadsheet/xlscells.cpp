@@ -3,7 +3,6 @@
 #include "spreadsheet/xlsstyles.h"
 
 #include <cmath>
-#include <optional>
 
 namespace Spreadsheet {
 
@@ -19,31 +18,38 @@ quint64 bitsOf(double value)
     return bits;
 }
 
-/// A whole number of 30 bits; without the sign of a negative zero there is none.
-std::optional<quint32> wholeNumber(double value)
+/// A whole number of 30 bits in the upper bits of `rk`. A negative zero is none: it would lose its sign.
+inline bool wholeNumber(double value, quint32 *rk)
 {
     constexpr double limit = 1 << 29;
     if (!(value >= -limit && value < limit))
-        return std::nullopt;
+        return false;
     const auto whole = qint32(value);
-    if (bitsOf(whole) != bitsOf(value))
-        return std::nullopt;
-    return quint32(whole) << 2;
+    *rk = quint32(whole) << 2;
+    return bitsOf(whole) == bitsOf(value);
 }
 
-/// A number in the 32 bits of an RK record, when it is exactly that: a whole number, the hundredth of one (4.35 is
-/// 435), or one whose upper 30 bits are all there is (0.5).
-std::optional<quint32> rkOf(double value)
+/// The hundredth of a whole number (4.35 is 435), when a reader that divides gets just this number again, or a number
+/// whose upper 30 bits are all there is (0.5).
+bool brokenNumber(double value, quint32 *rk)
 {
-    if (const auto whole = wholeNumber(value))
-        return *whole | rkInteger;
-    const double hundredfold = std::round(value * 100);
-    if (const auto whole = wholeNumber(hundredfold); whole && hundredfold / 100 == value)
-        return *whole | rkInteger | rkHundredth;
+    const double hundredfold = std::nearbyint(value * 100);
+    if (hundredfold / 100 == value && wholeNumber(hundredfold, rk)) {
+        *rk |= rkInteger | rkHundredth;
+        return true;
+    }
     constexpr quint64 lowerBits = 0x3ffffffff;
-    if ((bitsOf(value) & lowerBits) == 0)
-        return quint32(bitsOf(value) >> 32);
-    return std::nullopt;
+    *rk = quint32(bitsOf(value) >> 32);
+    return (bitsOf(value) & lowerBits) == 0;
+}
+
+/// Whether the 32 bits of an RK record hold a number exactly, and those bits.
+inline bool rkOf(double value, quint32 *rk)
+{
+    if (!wholeNumber(value, rk))
+        return brokenNumber(value, rk);
+    *rk |= rkInteger;
+    return true;
 }
 
 /// Writes a row from left to right, run by run.
@@ -60,13 +66,14 @@ public:
     /// Returns the number of texts.
     int write()
     {
+        quint32 rk = 0;
         while (m_at != m_end) {
             if (m_at->text >= 0)
                 writeText();
             else if (m_at->text == Cell::isBlank)
                 writeBlanks();
-            else if (const auto rk = rkOf(m_at->number))
-                writeRks(*rk);
+            else if (rkOf(m_at->number, &rk))
+                writeRks(rk);
             else
                 writeNumber();
         }
@@ -114,12 +121,8 @@ private:
     {
         const Cell *const first = m_at;
         begin(Biff::RK, *first).u16(xfOf(first->format)).u32(rk);
-        for (++m_at; goesOn(m_at) && m_at->text == Cell::isNumber; ++m_at) {
-            const auto next = rkOf(m_at->number);
-            if (!next)
-                break;
-            m_stream.u16(xfOf(m_at->format)).u32(*next);
-        }
+        for (++m_at; goesOn(m_at) && m_at->text == Cell::isNumber && rkOf(m_at->number, &rk); ++m_at)
+            m_stream.u16(xfOf(m_at->format)).u32(rk);
         if (m_at - first > 1)
             m_stream.retype(Biff::MULRK).u16((m_at - 1)->col);
         m_stream.end();

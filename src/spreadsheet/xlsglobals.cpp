@@ -168,7 +168,7 @@ OpenPlaces writeGlobals(RecordStream &stream, const WorkbookData &book, const Xl
     places.sheets = writeSheetList(stream, book);
     writeCountry(stream);
     writeNames(stream, book);
-    places.textCells = writeSharedStrings(stream, book.texts.texts());
+    places.textCells = writeSharedStrings(stream, book.texts);
     writeEof(stream);
     return places;
 }

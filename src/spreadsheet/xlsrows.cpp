@@ -9,10 +9,10 @@
 
 namespace Spreadsheet {
 
-XlsRows::XlsRows(RecordStream &stream, const SheetData &sheet, int defaultHeight)
+XlsRows::XlsRows(RecordStream &stream, const WorkbookData &book, const SheetData &sheet)
     : m_stream(stream)
     , m_sheet(sheet)
-    , m_defaultHeight(defaultHeight)
+    , m_heights(book, sheet)
     , m_rows(sheet)
 {
 }
@@ -61,7 +61,7 @@ void XlsRows::writeRow(int row, const CellGrid::Row &cells)
     options |= data.format > 0 ? ownFormat : 0;
     m_stream.begin(Biff::ROW).u16(row);
     m_stream.u16(cells.empty() ? 0 : cells.front().col).u16(cells.empty() ? 0 : cells.back().col + 1);
-    m_stream.u16(hasHeight ? twips(data.height) : m_defaultHeight).u16(0).u16(0).u32(options).end();
+    m_stream.u16(hasHeight ? twips(data.height) : m_heights.neededTwips(row, cells)).u16(0).u16(0).u32(options).end();
 }
 
 /// One block. DBCELL counts bytes: from the first ROW to itself, then from the second ROW to the first row's cells, and

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "spreadsheet/recordstream.h"
+#include "spreadsheet/rowheights.h"
 #include "spreadsheet/sheetrows.h"
 
 namespace Spreadsheet {
@@ -8,8 +9,11 @@ namespace Spreadsheet {
 /// The rows of a sheet, in blocks of 32: ROW of each, then their cells, then a DBCELL that tells where they are.
 class XlsRows {
 public:
-    /// `defaultHeight` in twips, for rows without a height of their own.
-    XlsRows(RecordStream &stream, const SheetData &sheet, int defaultHeight);
+    /// All outlive the rows; book and sheet stay as they are.
+    XlsRows(RecordStream &stream, const WorkbookData &book, const SheetData &sheet);
+
+    /// The height in twips of rows that nothing is said about.
+    int defaultHeight() const { return m_heights.defaultTwips(); }
 
     /// The record before them that tells where the blocks' DBCELL are: INDEX.
     void writeIndex();
@@ -27,7 +31,7 @@ private:
 
     RecordStream &m_stream;
     const SheetData &m_sheet;
-    const int m_defaultHeight;
+    const RowHeights m_heights;
     SheetRows m_rows;
     quint32 m_texts = 0;
     quint32 m_nextIndexPlace = 0; ///< where the next block's place belongs

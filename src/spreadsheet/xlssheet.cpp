@@ -68,11 +68,12 @@ void writeSetup(RecordStream &stream, const SheetData &sheet)
     constexpr int portrait = 0x0002;
     constexpr int percent = 100;
     constexpr int dotsPerInch = 600;
-    constexpr double headerMargin = 0.3; // inches, that of the footer too; the XLSX files have the same
+    constexpr double headerMargin = 0.3; // inches
+    const double footMargin = sheet.footer.isEmpty() ? headerMargin : footerMargin(sheet.marginBottom);
     const bool fits = sheet.fitWidth >= 0;
     stream.begin(Biff::SETUP).u16(sheet.paper).u16(percent).u16(1); // first page
     stream.u16(fits ? sheet.fitWidth : 1).u16(fits ? sheet.fitHeight : 1).u16(sheet.landscape ? 0 : portrait);
-    stream.u16(dotsPerInch).u16(dotsPerInch).f64(headerMargin).f64(headerMargin).u16(1).end(); // copies
+    stream.u16(dotsPerInch).u16(dotsPerInch).f64(headerMargin).f64(footMargin).u16(1).end(); // copies
 }
 
 bool isSame(const ColumnData &a, const ColumnData &b)
@@ -135,13 +136,12 @@ void writeMerges(RecordStream &stream, const QVector<MergeData> &merges)
 
 quint32 writeSheet(RecordStream &stream, const WorkbookData &book, const SheetData &sheet, bool isFirst)
 {
-    const int defaultHeight = lineTwips(book.fonts.first().size);
-    XlsRows rows(stream, sheet, defaultHeight);
+    XlsRows rows(stream, book, sheet);
     writeBof(stream, Substream::Sheet);
     rows.writeIndex();
     writeCalculation(stream);
     writePrintOptions(stream, sheet);
-    writeLayout(stream, sheet, defaultHeight);
+    writeLayout(stream, sheet, rows.defaultHeight());
     writeHeaderAndFooter(stream, sheet);
     writeMargins(stream, sheet);
     writeSetup(stream, sheet);

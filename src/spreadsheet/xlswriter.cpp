@@ -9,25 +9,15 @@ namespace Spreadsheet {
 
 namespace {
 
-bool fitsXls(const CellGrid &cells)
-{
-    if (cells.rowCount() > xlsLimits.rows)
-        return false;
-    for (int row = 0; row < cells.rowCount(); ++row) {
-        if (!cells.row(row).empty() && cells.row(row).back().col >= xlsLimits.columns)
-            return false;
-    }
-    return true;
-}
-
 bool fitsXls(const SheetData &sheet)
 {
+    const bool cellsFit = sheet.cells.rowCount() <= xlsLimits.rows && sheet.cells.columnCount() <= xlsLimits.columns;
     const bool columnsFit = sheet.columns.isEmpty() || sheet.columns.lastKey() < xlsLimits.columns;
     const bool rowsFit = sheet.rows.isEmpty() || sheet.rows.lastKey() < xlsLimits.rows;
     const bool mergesFit = std::all_of(sheet.merges.begin(), sheet.merges.end(), [](const MergeData &merge) {
         return merge.rowLast < xlsLimits.rows && merge.colLast < xlsLimits.columns;
     });
-    return columnsFit && rowsFit && mergesFit && sheet.repeatLast < xlsLimits.rows && fitsXls(sheet.cells);
+    return cellsFit && columnsFit && rowsFit && mergesFit && sheet.repeatLast < xlsLimits.rows;
 }
 
 /// A book of another format may hold more than an XLS file can.

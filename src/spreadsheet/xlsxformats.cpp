@@ -6,10 +6,6 @@ namespace Spreadsheet {
 
 namespace {
 
-/// The library's own default font, and its family in the file format: Swiss, without serifs.
-const char libraryFont[] = "Calibri";
-constexpr uint8_t noFamily = 0;
-
 /// For the library 0 is no colour, so black has a number of its own.
 lxw_color_t lxwColor(Color color)
 {
@@ -124,6 +120,7 @@ bool XlsxFormats::fill(lxw_format *format, const FormatData &data, QString *erro
     return true;
 }
 
+/// The library takes a format without a font's name of its own for its first one, which has another font by now.
 bool XlsxFormats::setFont(lxw_format *format, const FontData &font, QString *error) const
 {
     QByteArray name;
@@ -135,9 +132,6 @@ bool XlsxFormats::setFont(lxw_format *format, const FontData &font, QString *err
         format_set_bold(format);
     if (font.color != colorAutomatic)
         format_set_font_color(format, lxwColor(font.color));
-    // The library takes a format that looks like its own first one for that, though that has another font by now.
-    if (name == libraryFont)
-        format_set_font_family(format, noFamily);
     return true;
 }
 

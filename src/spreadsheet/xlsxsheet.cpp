@@ -1,6 +1,7 @@
 #include "spreadsheet/xlsxsheet.h"
 
 #include "spreadsheet/sheetrows.h"
+#include "spreadsheet/units.h"
 #include "spreadsheet/xlsxtext.h"
 
 #include <algorithm>
@@ -11,6 +12,11 @@ namespace Spreadsheet {
 
 namespace {
 
+double points(int twips)
+{
+    return twips / 20.0;
+}
+
 /// The library keeps nothing of a size that is its own default: a row of that height would be fitted to its content, a
 /// hidden column come back with no width. The next number is written with the same digits.
 double besideDefault(double size, double libraryDefault)
@@ -20,10 +26,11 @@ double besideDefault(double size, double libraryDefault)
 
 } // namespace
 
-XlsxSheet::XlsxSheet(const SheetData &sheet, const TextTable &texts, const XlsxFormats &formats,
+XlsxSheet::XlsxSheet(const SheetData &sheet, const WorkbookData &book, const XlsxFormats &formats,
                      lxw_worksheet *worksheet)
     : m_sheet(sheet)
-    , m_texts(texts)
+    , m_texts(book.texts)
+    , m_heights(book, sheet)
     , m_formats(formats)
     , m_worksheet(worksheet)
 {
@@ -70,8 +77,10 @@ bool XlsxSheet::setPrint()
     if (m_sheet.repeatFirst >= 0
         && !passes(worksheet_repeat_rows(m_worksheet, lxw_row_t(m_sheet.repeatFirst), lxw_row_t(m_sheet.repeatLast))))
         return false;
-    return m_sheet.footer.isEmpty()
-        || passes(worksheet_set_footer(m_worksheet, xlsxName(QLatin1String("&C") + m_sheet.footer).constData()));
+    lxw_header_footer_options options = {};
+    options.margin = footerMargin(m_sheet.marginBottom);
+    const QByteArray footer = xlsxName(QLatin1String("&C") + m_sheet.footer);
+    return m_sheet.footer.isEmpty() || passes(worksheet_set_footer_opt(m_worksheet, footer.constData(), &options));
 }
 
 bool XlsxSheet::setColumns()
@@ -120,26 +129,39 @@ bool XlsxSheet::writeRows()
     SheetRows rows(m_sheet);
     CellGrid::Row own;
     for (int row = rows.range().rowFirst; row < rows.range().rowEnd; ++row) {
-        if (!setRow(lxw_row_t(row)))
+        const CellGrid::Row &cells = rows.cells(row, own);
+        if (!setRow(lxw_row_t(row), cells))
             return false;
-        for (const Cell &cell : rows.cells(row, own)) {
+        for (const Cell &cell : cells) {
             if (!writeCell(lxw_row_t(row), cell))
                 return false;
         }
     }
+    // Set before, the library would give it to each row as one of its own, which stays when the content changes.
+    worksheet_set_default_row(m_worksheet, points(m_heights.defaultTwips()), LXW_FALSE);
     return true;
 }
 
-bool XlsxSheet::setRow(lxw_row_t row)
+/// In points. That of the library where the file need not tell it: it is the sheet's default then.
+double XlsxSheet::heightOf(int row, const CellGrid::Row &cells) const
 {
-    const auto data = m_sheet.rows.constFind(int(row));
-    if (data == m_sheet.rows.constEnd())
+    const auto data = m_sheet.rows.constFind(row);
+    if (data != m_sheet.rows.constEnd() && data->height >= 0)
+        return besideDefault(data->height, LXW_DEF_ROW_HEIGHT);
+    const int twips = m_heights.neededTwips(row, cells);
+    return twips > m_heights.defaultTwips() ? besideDefault(points(twips), LXW_DEF_ROW_HEIGHT) : LXW_DEF_ROW_HEIGHT;
+}
+
+bool XlsxSheet::setRow(lxw_row_t row, const CellGrid::Row &cells)
+{
+    const RowData data = m_sheet.rows.value(int(row));
+    const double height = heightOf(int(row), cells);
+    if (height == LXW_DEF_ROW_HEIGHT && data.format == 0 && !data.hidden)
         return true;
     lxw_row_col_options options = {};
-    options.hidden = data->hidden;
-    const double height = data->height < 0 ? LXW_DEF_ROW_HEIGHT : besideDefault(data->height, LXW_DEF_ROW_HEIGHT);
+    options.hidden = data.hidden;
     return passes(worksheet_set_row_opt(m_worksheet, row, height,
-                                        data->format == 0 ? nullptr : m_formats.at(data->format), &options));
+                                        data.format == 0 ? nullptr : m_formats.at(data.format), &options));
 }
 
 bool XlsxSheet::writeCell(lxw_row_t row, const Cell &cell)
@@ -162,7 +184,7 @@ bool XlsxSheet::writeBlank(lxw_row_t row, const Cell &cell)
 bool XlsxSheet::writeText(lxw_row_t row, const Cell &cell)
 {
     ++m_cellCount;
-    const QByteArray text = xlsxCellText(m_texts.texts().at(cell.text));
+    const QByteArray text = xlsxCellText(m_texts.text(cell.text));
     return passes(worksheet_write_string(m_worksheet, row, cell.col, text.constData(), m_formats.at(cell.format)));
 }
 

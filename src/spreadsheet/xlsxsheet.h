@@ -1,5 +1,6 @@
 #pragma once
 
+#include "spreadsheet/rowheights.h"
 #include "spreadsheet/workbook.h"
 #include "spreadsheet/xlsxformats.h"
 
@@ -11,7 +12,7 @@ namespace Spreadsheet {
 class XlsxSheet {
 public:
     /// All must outlive it; `formats` are made.
-    XlsxSheet(const SheetData &sheet, const TextTable &texts, const XlsxFormats &formats, lxw_worksheet *worksheet);
+    XlsxSheet(const SheetData &sheet, const WorkbookData &book, const XlsxFormats &formats, lxw_worksheet *worksheet);
 
     /// False with the reason in `error`. To be called once.
     bool write(QString *error);
@@ -26,7 +27,8 @@ private:
     bool areMergesSmall() const;
     bool setMerges();
     bool writeRows();
-    bool setRow(lxw_row_t row);
+    bool setRow(lxw_row_t row, const CellGrid::Row &cells);
+    double heightOf(int row, const CellGrid::Row &cells) const;
     bool writeCell(lxw_row_t row, const Cell &cell);
     bool writeBlank(lxw_row_t row, const Cell &cell);
     bool writeText(lxw_row_t row, const Cell &cell);
@@ -35,6 +37,7 @@ private:
 
     const SheetData &m_sheet;
     const TextTable &m_texts;
+    const RowHeights m_heights;
     const XlsxFormats &m_formats;
     lxw_worksheet *const m_worksheet;
     qint64 m_cellCount = 0;

@@ -68,7 +68,7 @@ bool writeSheets(lxw_workbook *workbook, const WorkbookData &book, QVector<qint6
             *error = QStringLiteral("sheet \"%1\" cannot be made").arg(data.name);
             return false;
         }
-        XlsxSheet sheet(data, book.texts, formats, worksheet);
+        XlsxSheet sheet(data, book, formats, worksheet);
         if (!sheet.write(error))
             return false;
         cellCounts->append(sheet.cellCount());

@@ -76,6 +76,7 @@ def pages(stream):
             page["fits"] = bool(struct.unpack("<H", data)[0] & 0x100)
         elif number == 0xA1:
             paper, _, _, wide, high, options = struct.unpack_from("<6H", data)
+            page["footerMargin"] = struct.unpack_from("<d", data, 24)[0]
             page.update(paper=paper, fitWidth=wide, fitHeight=high, landscape=not options & 2)
         elif number == 0xE5:
             page.setdefault("mergeRecords", []).append(struct.unpack_from("<H", data)[0])

@@ -92,6 +92,7 @@ def page(sheet):
             sheet.page_margins.top,
             sheet.page_margins.bottom,
         ],
+        "footerMargin": sheet.page_margins.footer,
         "fitToPage": bool(sheet.sheet_properties.pageSetUpPr and sheet.sheet_properties.pageSetUpPr.fitToPage),
         "fitToWidth": sheet.page_setup.fitToWidth,
         "fitToHeight": sheet.page_setup.fitToHeight,
@@ -119,6 +120,7 @@ def main():
             "cells": cells(sheet, looks),
             "columns": columns(sheet, looks),
             "rows": rows(sheet, looks),
+            "defaultRowHeight": sheet.sheet_format.defaultRowHeight,
             "merges": merges(sheet),
             "page": page(sheet),
         }

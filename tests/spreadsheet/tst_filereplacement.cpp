@@ -16,8 +16,8 @@ using Spreadsheet::FileReplacement;
 
 namespace {
 
-const QByteArray oldContent("what stood there before");
-const QByteArray newContent("the new content");
+const char oldContent[] = "what stood there before";
+const char newContent[] = "the new content";
 
 QByteArray contents(const QString &fileName)
 {
@@ -164,7 +164,7 @@ void TestFileReplacement::init()
 void TestFileReplacement::newFile()
 {
     QCOMPARE(replace(path(QStringLiteral("book"))), QString());
-    QCOMPARE(contents(path(QStringLiteral("book"))), newContent);
+    QCOMPARE(contents(path(QStringLiteral("book"))), QByteArray(newContent));
     QCOMPARE(files(), QStringList{"book"});
 }
 
@@ -172,7 +172,7 @@ void TestFileReplacement::oldFileIsReplacedWhole()
 {
     QVERIFY(make(path(QStringLiteral("book")), QByteArray(100000, 'x')));
     QCOMPARE(replace(path(QStringLiteral("book"))), QString());
-    QCOMPARE(contents(path(QStringLiteral("book"))), newContent);
+    QCOMPARE(contents(path(QStringLiteral("book"))), QByteArray(newContent));
     QCOMPARE(files(), QStringList{"book"});
 }
 
@@ -184,11 +184,11 @@ void TestFileReplacement::oldFileStandsUntilCommit()
     QCOMPARE(files(), QStringList{"book"});
     QVERIFY(replacement.begin(&error));
     QVERIFY(replacement.device().write(newContent) > 0);
-    QCOMPARE(contents(path(QStringLiteral("book"))), oldContent);
+    QCOMPARE(contents(path(QStringLiteral("book"))), QByteArray(oldContent));
     QCOMPARE(files().size(), 2);
     QCOMPARE(QFileInfo(replacement.temporaryName()).absolutePath(), m_folder->path());
     QVERIFY(replacement.commit(&error));
-    QCOMPARE(contents(path(QStringLiteral("book"))), newContent);
+    QCOMPARE(contents(path(QStringLiteral("book"))), QByteArray(newContent));
 }
 
 void TestFileReplacement::writerByName()
@@ -198,7 +198,7 @@ void TestFileReplacement::writerByName()
     QVERIFY(replacement.begin(&error));
     QVERIFY(make(replacement.temporaryName(), newContent));
     QVERIFY2(replacement.commit(&error), qPrintable(error));
-    QCOMPARE(contents(path(QStringLiteral("book"))), newContent);
+    QCOMPARE(contents(path(QStringLiteral("book"))), QByteArray(newContent));
 }
 
 void TestFileReplacement::givenUp()
@@ -210,7 +210,7 @@ void TestFileReplacement::givenUp()
         QVERIFY(replacement.begin(&error));
         QVERIFY(replacement.device().write(newContent) > 0);
     }
-    QCOMPARE(contents(path(QStringLiteral("book"))), oldContent);
+    QCOMPARE(contents(path(QStringLiteral("book"))), QByteArray(oldContent));
     QCOMPARE(files(), QStringList{"book"});
 }
 
@@ -221,7 +221,7 @@ void TestFileReplacement::commitWithoutBegin()
     FileReplacement replacement(path(QStringLiteral("book")));
     QVERIFY(!replacement.commit(&error));
     QVERIFY(!error.isEmpty());
-    QCOMPARE(contents(path(QStringLiteral("book"))), oldContent);
+    QCOMPARE(contents(path(QStringLiteral("book"))), QByteArray(oldContent));
 }
 
 void TestFileReplacement::commitTwice()
@@ -250,7 +250,7 @@ void TestFileReplacement::names()
     QCOMPARE(replace(path(name)), QString());
     QCOMPARE(replace(path(name)), QString());
     QCOMPARE(files(), QStringList{name});
-    QCOMPARE(contents(path(name)), newContent);
+    QCOMPARE(contents(path(name)), QByteArray(newContent));
 }
 
 void TestFileReplacement::relativeName()
@@ -349,7 +349,7 @@ void TestFileReplacement::symbolicLink()
     QVERIFY(QFileInfo(path(QStringLiteral("first"))).isSymLink());
     QVERIFY(QFileInfo(path(QStringLiteral("second"))).isSymLink());
     QVERIFY(!QFileInfo(path(QStringLiteral("real/book"))).isSymLink());
-    QCOMPARE(contents(path(QStringLiteral("real/book"))), newContent);
+    QCOMPARE(contents(path(QStringLiteral("real/book"))), QByteArray(newContent));
     QCOMPARE(files(), (QStringList{"first", "real", "second"}));
 }
 
@@ -358,7 +358,7 @@ void TestFileReplacement::linkToNothingYet()
     QVERIFY(QFile::link(QStringLiteral("book"), path(QStringLiteral("link"))));
     QCOMPARE(replace(path(QStringLiteral("link"))), QString());
     QVERIFY(QFileInfo(path(QStringLiteral("link"))).isSymLink());
-    QCOMPARE(contents(path(QStringLiteral("book"))), newContent);
+    QCOMPARE(contents(path(QStringLiteral("book"))), QByteArray(newContent));
 }
 
 /// "../book" in a link counts from the folder that the link really lies in.
@@ -368,7 +368,7 @@ void TestFileReplacement::linkThroughLinkedFolder()
     QVERIFY(QFile::link(QStringLiteral("a/b"), path(QStringLiteral("short"))));
     QVERIFY(QFile::link(QStringLiteral("../book"), path(QStringLiteral("a/b/link"))));
     QCOMPARE(replace(path(QStringLiteral("short/link"))), QString());
-    QCOMPARE(contents(path(QStringLiteral("a/book"))), newContent);
+    QCOMPARE(contents(path(QStringLiteral("a/book"))), QByteArray(newContent));
     QVERIFY(!QFileInfo::exists(path(QStringLiteral("book"))));
 }
 
@@ -395,7 +395,7 @@ void TestFileReplacement::readOnlyFile()
     QCOMPARE(chmod(QFile::encodeName(path(QStringLiteral("book"))).constData(), 0444), 0);
     const QString error = replace(path(QStringLiteral("book")));
     QVERIFY2(error.contains(QLatin1String("read-only")), qPrintable(error));
-    QCOMPARE(contents(path(QStringLiteral("book"))), oldContent);
+    QCOMPARE(contents(path(QStringLiteral("book"))), QByteArray(oldContent));
     QCOMPARE(files(), QStringList{"book"});
 }
 
@@ -434,7 +434,7 @@ void TestFileReplacement::lockedFile()
         QVERIFY(other.holds());
         const QString error = replace(path(QStringLiteral("book")));
         QVERIFY2(error.contains(QLatin1String("in use by another program")), qPrintable(error));
-        QCOMPARE(contents(path(QStringLiteral("book"))), oldContent);
+        QCOMPARE(contents(path(QStringLiteral("book"))), QByteArray(oldContent));
         QCOMPARE(files(), QStringList{"book"});
     }
     QCOMPARE(replace(path(QStringLiteral("book"))), QString());
@@ -450,7 +450,7 @@ void TestFileReplacement::lockedWhileWritten()
     QVERIFY(other.holds());
     QVERIFY(!replacement.commit(&error));
     QVERIFY2(error.contains(QLatin1String("in use by another program")), qPrintable(error));
-    QCOMPARE(contents(path(QStringLiteral("book"))), oldContent);
+    QCOMPARE(contents(path(QStringLiteral("book"))), QByteArray(oldContent));
     QCOMPARE(files(), QStringList{"book"});
 }
 
@@ -489,7 +489,7 @@ void TestFileReplacement::fullDisk()
             QVERIFY(!replacement.commit(&error));
         }
         QVERIFY2(error.contains(QLatin1String("cannot be written completely")), qPrintable(error));
-        QCOMPARE(contents(path(QStringLiteral("book"))), oldContent);
+        QCOMPARE(contents(path(QStringLiteral("book"))), QByteArray(oldContent));
         QCOMPARE(files(), QStringList{"book"});
     }
     QCOMPARE(replace(path(QStringLiteral("book"))), QString());

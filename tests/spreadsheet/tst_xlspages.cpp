@@ -20,6 +20,7 @@ private slots:
     void rowHeights();
     void rowsWithoutCells();
     void usualHeight();
+    void neededHeight();
     void manyMerges();
     void gridlines();
     void usualPage();
@@ -156,6 +157,30 @@ void TestXlsPages::usualHeight()
     QVERIFY(!row["own"].toBool());
 }
 
+void TestXlsPages::neededHeight()
+{
+    Font *font = m_book->addFont();
+    font->setSize(20);
+    Format *large = m_book->addFormat();
+    large->setFont(font);
+    Format *wrapped = m_book->addFormat();
+    wrapped->setWrap(true);
+    m_sheet->setCol(0, 0, 10);
+    m_sheet->writeStr(0, 0, "x", large);
+    m_sheet->writeStr(1, 0, QString(25, 'x'), wrapped); // 3 lines
+    m_sheet->writeStr(2, 0, QString(5, QChar(0x10d)) + "\n\nx", wrapped);
+    m_sheet->writeStr(3, 0, QString(25, 'x'));
+    m_sheet->setCol(1, 1, 1e-300); // narrower than a character
+    m_sheet->writeStr(4, 1, "xxxx", wrapped);
+    const QJsonObject rows = saved().sheet()["rows"].toObject();
+    const double heights[] = {25.5, 3 * 12.75, 3 * 12.75, 12.75, 4 * 12.75};
+    for (int row = 0; row < 5; ++row) {
+        const QJsonObject read = rows[QString::number(row)].toObject();
+        QCOMPARE(read["height"].toDouble(), heights[row]);
+        QVERIFY(!read["own"].toBool()); // programs may fit it to another text
+    }
+}
+
 void TestXlsPages::manyMerges()
 {
     constexpr int count = 1026 * 2 + 1;
@@ -219,6 +244,9 @@ void TestXlsPages::footer()
         QVERIFY(m_sheet->setFooter(text));
         QCOMPARE(saved().page()["footer"].toString(), "&C" + text);
     }
+    QCOMPARE(saved().page()["footerMargin"].toDouble(), 0.3);
+    m_sheet->setMarginBottom(0.1968);
+    QCOMPARE(saved().page()["footerMargin"].toDouble(), 0.1968 - 0.17); // it has no room among the cells
     m_sheet->setFooter("");
     QCOMPARE(saved().page()["footer"].toString(), QString());
 }

@@ -88,6 +88,7 @@ void TestXlsStrings::longest()
 
 void TestXlsStrings::emptyAtBorder()
 {
+    check({""});
     for (int left = 0; left <= 8; ++left)
         check({QString(8224 - 8 - 3 - left, 'x'), "", "č", "a"});
 }

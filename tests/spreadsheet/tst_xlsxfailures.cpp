@@ -179,6 +179,9 @@ void TestXlsxFailures::refusedBooks_data()
         [](XlsxData &book) { book.sheet().footer = QString(254, QLatin1Char('x')); });
     row("long text", QStringLiteral("32,767"),
         [](XlsxData &book) { book.writeText(0, 0, QString(32768, QLatin1Char('x'))); });
+    // Its characters would be given by their numbers, which takes more than a cell holds.
+    row("long text of character numbers", QStringLiteral("32,767"),
+        [](XlsxData &book) { book.writeText(0, 0, QStringLiteral("_x0041_") + QString(32760, QLatin1Char('x'))); });
     row("long name", QStringLiteral("cannot be made"),
         [](XlsxData &book) { book.addSheet(QString(32, QLatin1Char('x'))); });
     row("same name", QStringLiteral("cannot be made"), [](XlsxData &book) { book.addSheet(QStringLiteral("SHEET")); });

@@ -67,6 +67,7 @@ private slots:
     void columnFormat();
     void rowHeights_data();
     void rowHeights();
+    void neededHeights();
     void hiddenRow();
     void rowFormat();
     void pageAsItComes();
@@ -77,6 +78,8 @@ private slots:
     void pagesToFit();
     void footers_data();
     void footers();
+    void roomForTheFooter_data();
+    void roomForTheFooter();
 
 private:
     XlsxFile write(const XlsxData &book)
@@ -391,6 +394,27 @@ void TestXlsxLook::rowHeights()
     QCOMPARE(file.text(9, 0), QStringLiteral("in it"));
 }
 
+/// Of a large font and a text of three lines; the row between has the sheet's height, one line of the default font.
+void TestXlsxLook::neededHeights()
+{
+    XlsxData book;
+    FormatData large;
+    large.font = book.addFont(XlsxData::font(QStringLiteral("Cambria"), 15));
+    FormatData wrapped;
+    wrapped.wrap = true;
+    book.writeText(0, 0, QStringLiteral("x"), book.addFormat(large));
+    book.writeText(1, 0, QStringLiteral("x"));
+    book.writeText(2, 0, QStringLiteral("a\nb\nc"), book.addFormat(wrapped));
+    book.writeText(3, 0, QStringLiteral("x"), book.addFormat(large));
+    book.sheet().rows[3].height = 5;
+    const XlsxFile file = write(book);
+    QCOMPARE(file.row(0).at(1).toDouble(), 19.15);
+    QVERIFY(file.row(1).isEmpty());
+    QCOMPARE(file.row(2).at(1).toDouble(), 38.25);
+    QCOMPARE(file.row(3).at(1).toDouble(), 5.0);
+    QCOMPARE(file.sheet().value(QLatin1String("defaultRowHeight")).toDouble(), 12.75);
+}
+
 void TestXlsxLook::hiddenRow()
 {
     XlsxData book;
@@ -514,6 +538,27 @@ void TestXlsxLook::footers()
     XlsxData book;
     book.sheet().footer = footer;
     QCOMPARE(part(write(book).page(), "footer").toString(), footer);
+}
+
+void TestXlsxLook::roomForTheFooter_data()
+{
+    QTest::addColumn<double>("bottom");
+    QTest::addColumn<double>("footer");
+    QTest::newRow("usual") << 1.0 << 0.3;
+    QTest::newRow("just enough") << 0.47 << 0.3;
+    QTest::newRow("narrow") << 0.1968 << 0.0268;
+    QTest::newRow("none") << 0.0 << 0.02;
+}
+
+/// A footer that would reach into the cells is left out by the programs that print them.
+void TestXlsxLook::roomForTheFooter()
+{
+    QFETCH(double, bottom);
+    QFETCH(double, footer);
+    XlsxData book;
+    book.sheet().marginBottom = bottom;
+    book.sheet().footer = QStringLiteral("&P / &N");
+    QCOMPARE(part(write(book).page(), "footerMargin").toDouble(), footer);
 }
 
 QTEST_GUILESS_MAIN(TestXlsxLook)

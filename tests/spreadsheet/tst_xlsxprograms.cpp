@@ -1,44 +1,12 @@
-#include "programs.h"
+#include "conversion.h"
 #include "spreadsheet/writers.h"
 #include "xlsxdata.h"
 
-#include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
 
 using namespace Spreadsheet;
-
-namespace {
-
-/// The rows of a CSV file in UTF-8.
-QVector<QStringList> csvRows(const QString &fileName)
-{
-    const QByteArray json = outputOf(
-        QStringLiteral("/usr/bin/python3"),
-        {QStringLiteral("-c"),
-         QStringLiteral("import csv, json, sys\n"
-                        "csv.field_size_limit(1000000)\n"
-                        "print(json.dumps(list(csv.reader(open(sys.argv[1], encoding='utf-8', newline='')))))"),
-         fileName},
-        "python3");
-    QVector<QStringList> rows;
-    const QJsonArray found = QJsonDocument::fromJson(json).array();
-    for (const QJsonValue &row : found)
-        rows.append(row.toVariant().toStringList());
-    return rows;
-}
-
-/// Gnumeric writes a true minus sign.
-QString cell(const QVector<QStringList> &rows, int row, int col)
-{
-    const QChar minus(0x2212);
-    return rows.value(row).value(col, QStringLiteral("no cell")).replace(minus, QLatin1Char('-'));
-}
-
-} // namespace
 
 /// What other programs find in our files, by way of the CSV file that they make of them.
 class TestXlsxPrograms : public QObject {
@@ -72,24 +40,7 @@ void TestXlsxPrograms::programs()
 
 QVector<QStringList> TestXlsxPrograms::converted(const QString &program) const
 {
-    const QString folder = m_folder.filePath(program);
-    const QString csv = folder + QLatin1String("/book.csv");
-    if (!QFileInfo::exists(csv)) {
-        QDir().mkpath(folder);
-        if (program == QLatin1String("soffice"))
-            outputOf(program,
-                     {QStringLiteral("-env:UserInstallation=file://") + folder + QLatin1String("/profile"),
-                      QStringLiteral("--headless"), QStringLiteral("--convert-to"),
-                      QStringLiteral("csv:Text - txt - csv (StarCalc):44,34,76"), QStringLiteral("--outdir"), folder,
-                      m_fileName},
-                     "libreoffice-calc-nogui");
-        else
-            outputOf(program,
-                     {QStringLiteral("-T"), QStringLiteral("Gnumeric_stf:stf_assistant"), QStringLiteral("-O"),
-                      QStringLiteral("separator=, format=preserve"), m_fileName, csv},
-                     "gnumeric");
-    }
-    return csvRows(csv);
+    return convertedToCsv(program, m_fileName, m_folder.filePath(program));
 }
 
 /// Texts in column 0, numbers in columns 1 and 2 of the rows below, and to their right a table of quantities of which

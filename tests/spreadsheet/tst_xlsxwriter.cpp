@@ -210,7 +210,8 @@ void TestXlsxWriter::severalSheets()
                             QString(31, QChar(0x17e))};
     XlsxData book;
     book.writeText(0, 0, names.first());
-    for (const QString &name : names.mid(1)) {
+    for (int index = 1; index < names.size(); ++index) {
+        const QString &name = names.at(index);
         book.addSheet(name);
         book.writeText(0, 0, name);
         book.sheet().repeatFirst = 1;

@@ -1,25 +1,13 @@
 #pragma once
 
+#include "programs.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMap>
-#include <QProcess>
 
 #include <tuple>
-
-/// Runs a program to its end and gives what it printed; fails the whole test when it is missing or fails, with its own
-/// words. `package` is the Debian package that has it.
-inline QByteArray outputOf(const QString &program, const QStringList &arguments, const char *package)
-{
-    QProcess process;
-    process.start(program, arguments);
-    if (!process.waitForStarted())
-        qFatal("%s is missing: this test needs the package %s", qPrintable(program), package);
-    if (!process.waitForFinished(100000) || process.exitCode() != 0)
-        qFatal("%s (package %s) failed: %s", qPrintable(program), package, process.readAllStandardError().constData());
-    return process.readAllStandardOutput();
-}
 
 /// An XLS file as an independent reader sees it (readxls.py tells the form), read as strictly as it can: a word in the
 /// reader's log fails the test.

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "spreadsheet/workbook.h"
+
+#include <QSet>
+
+#include <vector>
+
+namespace Spreadsheet {
+
+/// How high the rows of a sheet must be that were given no height: programs that print or convert a file take rows as
+/// high as it says, and do not look at what is in them.
+///
+/// The height is that of the largest font, times the lines where a text is wrapped. How many these are is an estimate:
+/// each character counts as wide as a digit, which is rather too many than too few. Texts in merged cells count as one
+/// line, and not at all where the cells are of several rows.
+class RowHeights {
+public:
+    /// `book` must outlive it; both stay as they are.
+    RowHeights(const WorkbookData &book, const SheetData &sheet);
+
+    /// The height in twips (1/20 point) of rows that nothing is said about: one line of the default font.
+    int defaultTwips() const { return m_lines.front().twips; }
+    /// What a row with these cells needs, in twips, `defaultTwips` or more.
+    int neededTwips(int row, const CellGrid::Row &cells) const;
+
+private:
+    /// One line in a format.
+    struct Line {
+        int twips;
+        double digits; ///< width of a character in digits of the default font
+        bool wraps;
+    };
+
+    void setDigits(int col, const ColumnData &column);
+    int lineCount(int row, const Cell &cell) const;
+
+    const WorkbookData &m_book;
+    std::vector<Line> m_lines; ///< by format
+    std::vector<double> m_digits; ///< width by column
+    QSet<quint64> m_wide; ///< the first cells of merged ones within a row
+    QSet<quint64> m_high; ///< the first cells of those over several rows
+};
+
+} // namespace Spreadsheet
