@@ -74,7 +74,9 @@ QString branchMonthTitle()
 
 QVector<BranchMonth::Person> branchMonthPeople(const QAbstractItemModel *rows)
 {
-    QVector<BranchMonth::Person> people(rows ? rows->rowCount() : 0);
+    if (!rows)
+        return {};
+    QVector<BranchMonth::Person> people(rows->rowCount());
     for (int row = 0; row < people.size(); ++row) {
         people[row] = {rows->index(row, PidColumn).data().toString(), rows->index(row, PamIdColumn).data().toString(),
                        rows->index(row, NameColumn).data().toString(),

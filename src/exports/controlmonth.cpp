@@ -23,7 +23,9 @@ QString shared(const QString &text, const QString &previous)
 
 QVector<ControlMonth::Segment> controlSegments(const QAbstractItemModel *rows)
 {
-    QVector<ControlMonth::Segment> segments(rows ? rows->rowCount() : 0);
+    if (!rows)
+        return {};
+    QVector<ControlMonth::Segment> segments(rows->rowCount());
     for (int row = 0; row < segments.size(); ++row)
         segments[row] = {value(rows, row, SegmentName).toString(), value(rows, row, SegmentPosition).toInt()};
     return segments;
@@ -31,7 +33,9 @@ QVector<ControlMonth::Segment> controlSegments(const QAbstractItemModel *rows)
 
 QVector<ControlMonth::Type> controlTypes(const QAbstractItemModel *rows)
 {
-    QVector<ControlMonth::Type> types(rows ? rows->rowCount() : 0);
+    if (!rows)
+        return {};
+    QVector<ControlMonth::Type> types(rows->rowCount());
     for (int row = 0; row < types.size(); ++row)
         types[row] = {value(rows, row, TypeName).toString(), value(rows, row, TypeKey).toInt()};
     return types;
@@ -39,7 +43,9 @@ QVector<ControlMonth::Type> controlTypes(const QAbstractItemModel *rows)
 
 QVector<ControlMonth::Order> controlOrders(const QAbstractItemModel *rows)
 {
-    QVector<ControlMonth::Order> orders(rows ? rows->rowCount() : 0);
+    if (!rows)
+        return {};
+    QVector<ControlMonth::Order> orders(rows->rowCount());
     ControlMonth::Order previous;
     for (int row = 0; row < orders.size(); ++row) {
         previous = {shared(value(rows, row, Pid).toString(), previous.pid),

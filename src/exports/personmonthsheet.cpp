@@ -97,7 +97,9 @@ QString personMonthTitle()
 
 QVector<PersonMonth::Order> personMonthOrders(const QAbstractItemModel *rows)
 {
-    QVector<PersonMonth::Order> orders(rows ? rows->rowCount() : 0);
+    if (!rows)
+        return {};
+    QVector<PersonMonth::Order> orders(rows->rowCount());
     for (int row = 0; row < orders.size(); ++row) {
         const auto cell = [rows, row](Column column) { return rows->index(row, column).data(); };
         orders[row] = {cell(DateColumn).toString(),    cell(SegmentColumn).toString(),  cell(FoodColumn).toString(),

@@ -318,7 +318,7 @@ void TestMenuWidgetExports::pageGoesWhileTheResultIsTold()
                                QMessageBox::Ok, [&page](QMessageBox *box) {
                                    // The box still stands while its button goes down.
                                    connect(box->button(QMessageBox::Ok), &QAbstractButton::pressed, box,
-                                           [&page] { delete page; });
+                                           [page] { delete page; });
                                });
     kind->run(*page);
     BOXES_DONE(m_canteen->boxes);

@@ -14,6 +14,7 @@ class TestMenuWidgetFailures : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
     void init();
     void cleanup();
 
@@ -30,7 +31,8 @@ private slots:
     void everythingDeletedByAnotherClient();
 
 private:
-    static void clickEverything(const BoardPage &page);
+    /// The export's question is cancelled.
+    static void clickEverything(const BoardPage &page, BoxAnswerer &boxes);
 
     TestDatabase m_database;
     BoardData m_data{m_database};
@@ -97,9 +99,10 @@ void TestMenuWidgetFailures::closedDatabaseLeavesAnEmptyBoard()
     QVERIFY(page.button("toolButtonMonthly")->menu());
 }
 
-void TestMenuWidgetFailures::clickEverything(const BoardPage &page)
+void TestMenuWidgetFailures::clickEverything(const BoardPage &page, BoxAnswerer &boxes)
 {
     for (int round = 0; round < 2; ++round) {
+        boxes.expectDialog(QStringLiteral("QFileDialog"), [](QDialog *dialog) { dialog->reject(); });
         for (const char *name : {"butMenuSwitch", "toolButtonWeekly", "toolButtonMonthly", "toolButtonExport",
                                  "toolButtonL", "toolButtonR", "butOrdersSwitch", "toolButtonMonthly"})
             page.button(name)->click();
@@ -118,7 +121,7 @@ void TestMenuWidgetFailures::everyControlWorksOnAnEmptyBoard()
     page.show();
     BoxAnswerer boxes;
     const QSignalSpy filter(&page, &MenuWidget::filter);
-    clickEverything(page);
+    clickEverything(page, boxes);
     QVERIFY(filter.count() > 0);
     QCOMPARE(filter.last().at(1).toMap(), (QVariantMap{{"menu", true}, {"branch", ""}, {"person", ""}, {"week", ""}}));
     boxes.expectDialog(QStringLiteral("PeopleComboboxDialog"), [](QDialog *dialog) { dialog->reject(); });
@@ -291,7 +294,7 @@ void TestMenuWidgetFailures::everythingDeletedByAnotherClient()
     page.show();
     m_data.clear();
     BoxAnswerer boxes;
-    clickEverything(page);
+    clickEverything(page, boxes);
     page.filterSetter({});
     BOXES_DONE(boxes);
     QCOMPARE(page.cards().size(), 7);
