@@ -93,13 +93,8 @@ void ModelFormat::setPatternForegroundColor(Color color)
         data().foreground = color;
 }
 
-int ModelFormat::indexIn(const BookState &state, const Format *format)
+int ModelFormat::failForeign(const BookState &state)
 {
-    if (!format)
-        return 0;
-    const auto *modelFormat = static_cast<const ModelFormat *>(format);
-    if (&modelFormat->m_state == &state)
-        return modelFormat->m_index;
     state.fail(QStringLiteral("The format is of another book"));
     return -1;
 }

@@ -28,9 +28,16 @@ public:
     void setPatternForegroundColor(Color color) override;
 
     /// Its place, that of the default look for a null `format`, and -1 for one of another book.
-    static int indexIn(const BookState &state, const Format *format);
+    static int indexIn(const BookState &state, const Format *format)
+    {
+        if (!format)
+            return 0;
+        const auto *modelFormat = static_cast<const ModelFormat *>(format);
+        return &modelFormat->m_state == &state ? modelFormat->m_index : failForeign(state);
+    }
 
 private:
+    static int failForeign(const BookState &state);
     FormatData &data() { return m_state.data.formats[m_index]; }
 
     BookState &m_state;

@@ -9,9 +9,9 @@ namespace Spreadsheet {
 namespace {
 
 /// Bits of a hash that are never all 0; those that the place is made of take part less.
-quint16 tagOf(uint hash)
+quint8 tagOf(uint hash)
 {
-    return quint16(hash | 1);
+    return quint8(hash | 1);
 }
 
 } // namespace
@@ -35,10 +35,10 @@ bool TextTable::isSame(const Entry &entry, uint hash, const PackedText &text)
 
 qint32 TextTable::indexOf(const QString &text)
 {
-    if (std::size_t(size()) * 2 >= m_tags.size())
+    if (std::size_t(size()) * 8 >= m_tags.size() * 7)
         grow();
     const uint hash = qHash(text);
-    const quint16 tag = tagOf(hash);
+    const quint8 tag = tagOf(hash);
     std::size_t place = firstPlace(hash);
     __builtin_prefetch(&m_tags[place]); // on its way while the text is packed
     // Packed where it stays if it is new.

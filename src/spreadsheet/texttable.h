@@ -45,7 +45,7 @@ private:
     // A text stands at the place that its hash names, or at the next free one; at most half of them are taken. A new
     // text is looked for among the tags alone: they stay in the processor's cache where whole hashes and numbers would
     // not.
-    std::vector<quint16> m_tags; ///< 16 bits of the hash by place, 0 for a free place
+    std::vector<quint8> m_tags; ///< 8 bits of the hash by place, 0 for a free place
     std::vector<qint32> m_numbers; ///< of the text by place
     int m_bits = 5; ///< the next table has one more
     QVector<Entry> m_texts; ///< by number
