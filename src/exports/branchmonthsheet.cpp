@@ -2,7 +2,6 @@
 
 #include "exports/monthbook.h"
 #include "exports/reportmonth.h"
-#include "exports/rowheight.h"
 #include "exports/sheetparts.h"
 #include "exports/sheetsetup.h"
 #include "exports/sheetwriter.h"
@@ -49,8 +48,6 @@ void writePerson(SheetWriter &writer, const MonthBook &formats, int row, const B
     writer.text(row, NameColumn, person.name, formats.look.cellLeft);
     writer.number(row, QuantityColumn, person.quantity, formats.look.cell);
     writer.number(row, SumColumn, person.sum, formats.money);
-    writer.setLines(row,
-                    qMax(lineCount(person.name, widths[NameColumn]), lineCount(person.pamId, widths[PamIdColumn])));
 }
 
 void writeTotals(SheetWriter &writer, const MonthBook &formats, int row, const QVector<BranchMonth::Person> &people)

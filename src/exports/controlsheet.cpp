@@ -5,7 +5,6 @@
 #include "exports/controlmonth.h"
 #include "exports/controlsums.h"
 #include "exports/reportmonth.h"
-#include "exports/rowheight.h"
 #include "exports/sheetparts.h"
 #include "exports/sheetsetup.h"
 #include "exports/sheetwriter.h"
@@ -118,8 +117,6 @@ void ControlTable::writeLegend()
     const QString legend = ControlLegend::text(segments, types);
     m_writer.text(legendRow, 0, legend, m_formats.legend);
     m_writer.merge(legendRow, legendRow, 0, legendLastColumn);
-    // No program finds the height of a merged cell by itself. The columns of the first days may be hidden.
-    m_writer.setLines(legendRow, lineCount(legend, 10 + nameWidth));
 }
 
 // Header --------------------------------------------------------------------------------------------------------------
@@ -190,7 +187,6 @@ int ControlTable::addPerson(const ControlMonth::Order &order)
     m_writer.text(m_row, PidColumn, order.pid, m_formats.look.cell);
     m_writer.text(m_row, NameColumn, order.personName, m_formats.look.cellLeft);
     m_writer.fill(m_row, ControlColumns::firstOfDays, m_columns.total() - 1, QString(), m_formats.look.cell);
-    m_writer.setLines(m_row, lineCount(order.personName, nameWidth));
     m_personSums.push_back(0);
     m_rowsOfPid.insert(order.personName, m_row);
     return m_row++;

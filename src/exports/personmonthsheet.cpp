@@ -2,7 +2,6 @@
 
 #include "exports/monthbook.h"
 #include "exports/reportmonth.h"
-#include "exports/rowheight.h"
 #include "exports/sheetparts.h"
 #include "exports/sheetsetup.h"
 #include "exports/sheetwriter.h"
@@ -10,7 +9,6 @@
 #include <QAbstractItemModel>
 #include <QCoreApplication>
 
-#include <algorithm>
 
 namespace {
 
@@ -72,9 +70,6 @@ void writeOrder(SheetWriter &writer, const MonthBook &formats, int row, const Pe
     writer.number(row, SumColumn, order.sum, formats.money);
     writer.text(row, OrderedColumn, order.ordered, look.cell);
     writer.text(row, DeliveredColumn, order.delivered, look.cell);
-    writer.setLines(row,
-                    std::max({lineCount(order.segment, segmentWidth), lineCount(order.food, foodWidth),
-                              lineCount(order.ordered, wideWidth)}));
 }
 
 /// The total stands under the sums of the rows.

@@ -1,7 +1,5 @@
 #include "exports/sheetwriter.h"
 
-#include "exports/rowheight.h"
-
 namespace {
 
 constexpr int longestText = 32767;
@@ -36,12 +34,6 @@ void SheetWriter::merge(int rowFirst, int rowLast, int colFirst, int colLast)
 {
     if (rowFirst < rowLast || colFirst < colLast)
         note(m_sheet.setMerge(rowFirst, rowLast, colFirst, colLast));
-}
-
-void SheetWriter::setLines(int row, int lines)
-{
-    if (lines > 1)
-        setHeight(row, rowHeight(lines));
 }
 
 void SheetWriter::setHeight(int row, double height)

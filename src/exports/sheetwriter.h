@@ -30,8 +30,6 @@ public:
     void fill(int row, int colFirst, int colLast, const QString &text, const Format *format);
     /// One cell over all of these, which may be a single one.
     void merge(int rowFirst, int rowLast, int colFirst, int colLast);
-    /// Makes a row as high as its texts need: `lines` of the default font. One line is what a row has anyway.
-    void setLines(int row, int lines);
     /// Points.
     void setHeight(int row, double height);
     /// Digits of the default font; nothing if `colLast` lies before `colFirst`.

@@ -5,6 +5,7 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace Spreadsheet {
@@ -24,48 +25,54 @@ ushort unitAt(const PackedText &text, int index)
     return text.isWide ? qFromLittleEndian<quint16>(text.bytes + 2 * index) : text.bytes[index];
 }
 
-/// The width of a character in digits. The figures are those of the usual fonts of offices, rounded to what is
-/// easily told.
-double digitsOf(ushort unit)
+/// Widths of characters in tenths of a digit, by their UTF-16 units as far as the letters of Europe go. The figures are
+/// those of the usual fonts of offices, rounded to what is easily told.
+using Widths = std::array<quint8, 0x180>;
+
+Widths makeWidths()
 {
+    Widths widths;
+    for (std::size_t unit = 0; unit < widths.size(); ++unit)
+        widths[unit] = QChar::isUpper(uint(unit)) ? 12 : 10;
+    for (const QChar narrow : QStringLiteral(" .,:;'!|ijlftrIJ()[]-/íîïìĺľťŕ"))
+        widths[narrow.unicode()] = 5;
+    for (const QChar broad : QStringLiteral("mwMW@%&"))
+        widths[broad.unicode()] = 15;
+    return widths;
+}
+
+int tenthsOf(ushort unit)
+{
+    static const Widths widths = makeWidths();
     constexpr ushort firstWide = 0x1100; // East Asian; the halves of a surrogate pair make one wide character
-    if (unit >= firstWide && !QChar::isSurrogate(unit))
-        return 2;
-    static const QString narrow = QStringLiteral(" .,:;'!|ijlftrIJ()[]-/íîïìĺľťŕ");
-    static const QString broad = QStringLiteral("mwMW@%&");
-    if (narrow.contains(QChar(unit)))
-        return 0.5;
-    if (broad.contains(QChar(unit)))
-        return 1.6;
-    return QChar::isUpper(uint(unit)) ? 1.25 : 1;
+    if (unit < widths.size())
+        return widths[unit];
+    return unit >= firstWide && !QChar::isSurrogate(unit) ? 20 : 10;
 }
 
-/// The lines of the characters from `begin` to before `end` in a column of so many digits; at least one. A text of no
-/// more characters than that is taken to fit without a look at them.
-int wrappedLines(const PackedText &text, int begin, int end, double digitsPerLine)
-{
-    // However narrow the column is, a line has a character.
-    const double room = std::max(1.0, digitsPerLine);
-    if (end - begin <= room)
-        return 1;
-    double digits = 0;
-    for (int index = begin; index < end; ++index)
-        digits += digitsOf(unitAt(text, index));
-    return std::max(1, int(std::ceil(digits / room)));
-}
-
-/// The lines of a text in a column that holds so many digits of its font.
+/// The lines of a text in a column of so many digits of its font, wrapped between its words; a word that is longer than
+/// a line is broken. A text of no more characters than digits is taken to fit without a look at them.
 int wrappedLines(const PackedText &text, double digitsPerLine)
 {
-    if (!text.hasLineEnd)
-        return wrappedLines(text, 0, text.size, digitsPerLine);
-    int lines = 0;
-    int begin = 0;
-    for (int end = 0; end <= text.size; ++end) {
-        if (end < text.size && unitAt(text, end) != '\n')
+    if (!text.hasLineEnd && text.size <= digitsPerLine)
+        return 1;
+    // However narrow the column is, a line has a character.
+    const int room = int(10 * qBound(1.0, digitsPerLine, 1e6));
+    int lines = 1;
+    int used = 0; // of the present line
+    int word = 0; // at its end
+    for (int index = 0; index < text.size; ++index) {
+        const ushort unit = unitAt(text, index);
+        const int width = tenthsOf(unit);
+        // Blanks may hang over the end.
+        if (unit == '\n' || (unit != ' ' && used > 0 && used + width > room)) {
+            ++lines;
+            used = word = unit == '\n' || word + width > room ? 0 : word;
+        }
+        if (unit == '\n')
             continue;
-        lines += wrappedLines(text, begin, end, digitsPerLine);
-        begin = end + 1;
+        used += width;
+        word = unit == ' ' ? 0 : word + width;
     }
     return lines;
 }
@@ -82,8 +89,29 @@ RowHeights::RowHeights(const WorkbookData &book, const SheetData &sheet)
     }
     for (auto column = sheet.columns.begin(); column != sheet.columns.end(); ++column)
         setDigits(column.key(), *column);
-    for (const MergeData &merge : sheet.merges)
-        (merge.rowFirst == merge.rowLast ? m_wide : m_high).insert(placeOf(merge.rowFirst, merge.colFirst));
+    for (const MergeData &merge : sheet.merges) {
+        const quint64 place = placeOf(merge.rowFirst, merge.colFirst);
+        if (merge.rowFirst == merge.rowLast)
+            m_wide.insert(place, digitsOf(merge));
+        else
+            m_high.insert(place);
+    }
+}
+
+double RowHeights::digitsAt(int col) const
+{
+    return std::size_t(col) < m_digits.size() ? m_digits[std::size_t(col)] : usualWidth;
+}
+
+/// The width of merged cells as far as they show.
+double RowHeights::digitsOf(const MergeData &merge) const
+{
+    double digits = 0;
+    for (int col = merge.colFirst; col <= merge.colLast; ++col) {
+        const double width = digitsAt(col);
+        digits += std::isfinite(width) ? width : 0;
+    }
+    return digits;
 }
 
 /// A column that does not show has room for all.
@@ -113,9 +141,13 @@ int RowHeights::neededTwips(int row, const CellGrid::Row &cells) const
 
 int RowHeights::lineCount(int row, const Cell &cell) const
 {
-    const double width = cell.col < m_digits.size() ? m_digits[cell.col] : usualWidth;
-    const int lines = wrappedLines(m_book.texts.packed(cell.text), width / m_lines[cell.format].digits);
-    return lines > 1 && m_wide.contains(placeOf(row, cell.col)) ? 1 : lines;
+    const PackedText text = m_book.texts.packed(cell.text);
+    const double charactersOfDigit = 1 / m_lines[cell.format].digits;
+    const int lines = wrappedLines(text, digitsAt(cell.col) * charactersOfDigit);
+    if (lines == 1)
+        return lines;
+    const auto wide = m_wide.constFind(placeOf(row, cell.col));
+    return wide == m_wide.constEnd() ? lines : wrappedLines(text, *wide * charactersOfDigit);
 }
 
 } // namespace Spreadsheet

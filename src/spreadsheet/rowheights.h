@@ -2,6 +2,7 @@
 
 #include "spreadsheet/workbook.h"
 
+#include <QHash>
 #include <QSet>
 
 #include <vector>
@@ -34,12 +35,14 @@ private:
     };
 
     void setDigits(int col, const ColumnData &column);
+    double digitsAt(int col) const;
+    double digitsOf(const MergeData &merge) const;
     int lineCount(int row, const Cell &cell) const;
 
     const WorkbookData &m_book;
     std::vector<Line> m_lines; ///< by format
     std::vector<double> m_digits; ///< width by column
-    QSet<quint64> m_wide; ///< the first cells of merged ones within a row
+    QHash<quint64, double> m_wide; ///< width of merged cells within a row, by the first of them
     QSet<quint64> m_high; ///< the first cells of those over several rows
 };
 

@@ -20,7 +20,6 @@ private slots:
     void sizes();
     void merges_data();
     void merges();
-    void longNamesNeedHigherRows();
     void sumsOfManyPeople();
     void largeSumsHaveSmallerLetters_data();
     void largeSumsHaveSmallerLetters();
@@ -155,18 +154,6 @@ void TestBranchMonthSheet::merges()
     QCOMPARE(book.sheet.mergeCount(), 2);
     QCOMPARE(book.sheet.mergeAt(0, 0), QStringLiteral("rows 0-1, columns 0-4"));
     QCOMPARE(book.sheet.mergeAt(18 + people, 3), QStringLiteral("rows %1-%1, columns 3-4").arg(18 + people));
-}
-
-void TestBranchMonthSheet::longNamesNeedHigherRows()
-{
-    BranchMonth month = march(3);
-    month.people[0].name = QStringLiteral("Kollárovičová-Štefánikovská Alexandra Mária Antónia Eleonóra");
-    month.people[2].pamId = QStringLiteral("0123456789 0123456789 0123456789");
-    RecordingBook book;
-    QVERIFY(writeBranchMonth(book, month, now()));
-    QCOMPARE(book.sheet.heights.value(10), 26.0);
-    QVERIFY(!book.sheet.heights.contains(11));
-    QCOMPARE(book.sheet.heights.value(12), 39.0);
 }
 
 void TestBranchMonthSheet::largeSumsHaveSmallerLetters_data()

@@ -21,14 +21,11 @@ private slots:
     void widths_data();
     void widths();
     void top();
-    void legendsNeedTheirHeight_data();
-    void legendsNeedTheirHeight();
     void headings();
     void headingsOfOneSlotAndType();
     void lastColumn_data();
     void lastColumn();
     void person();
-    void longNamesNeedHigherRows();
     void sumsBelowThePeople();
     void sumsOfOneType();
     void bottom_data();
@@ -145,28 +142,6 @@ void TestControlSheet::top()
     QCOMPARE(sheet.heights.value(9), 18.0);
 }
 
-void TestControlSheet::legendsNeedTheirHeight_data()
-{
-    QTest::addColumn<int>("letters");
-    QTest::addColumn<double>("height");
-    QTest::newRow("short") << 20 << 0.0; // left to the program
-    QTest::newRow("two lines") << 60 << 26.0;
-    QTest::newRow("many lines") << 600 << 156.0;
-    QTest::newRow("as high as a row can be") << 40000 << 409.0;
-}
-
-void TestControlSheet::legendsNeedTheirHeight()
-{
-    QFETCH(int, letters);
-    ControlMonth month = march();
-    month.types.clear();
-    // "LEGENDA: " and "xx-" are 12 letters.
-    month.segments = {{QString(qMax(2, letters - 12), 'x'), 1}};
-    RecordingBook book;
-    QVERIFY(writeControlSheet(book, month, now()));
-    QTEST(book.sheet.heights.value(6), "height");
-}
-
 void TestControlSheet::headings()
 {
     RecordingBook book;
@@ -264,18 +239,6 @@ void TestControlSheet::person()
     }
     QCOMPARE(sheet.at(12, 188), QStringLiteral("3"));
     QCOMPARE(sheet.look(12, 188), ControlLook::total);
-}
-
-void TestControlSheet::longNamesNeedHigherRows()
-{
-    ControlMonth month = march();
-    order(month, "17", 2, 3);
-    order(month, "18", 2, 3);
-    month.orders[1].personName = QString(100, 'x');
-    RecordingBook book;
-    QVERIFY(writeControlSheet(book, month, now()));
-    QVERIFY(!book.sheet.heights.contains(12));
-    QCOMPARE(book.sheet.heights.value(13), 39.0);
 }
 
 void TestControlSheet::sumsBelowThePeople()

@@ -18,7 +18,6 @@ private slots:
     void cells();
     void sizesAndMerges_data();
     void sizesAndMerges();
-    void longTextsNeedHigherRows();
     void titles_data();
     void titles();
     void longTexts();
@@ -135,20 +134,6 @@ void TestPersonMonthSheet::sizesAndMerges()
     QCOMPARE(book.sheet.mergeAt(0, 0), QStringLiteral("rows 0-1, columns 0-7"));
     QCOMPARE(book.sheet.mergeAt(last + 3, 0), QStringLiteral("rows %1-%1, columns 0-1").arg(last + 3));
     QCOMPARE(book.sheet.mergeAt(last + 9, 3), QStringLiteral("rows %1-%1, columns 3-4").arg(last + 9));
-}
-
-void TestPersonMonthSheet::longTextsNeedHigherRows()
-{
-    PersonMonth month = march(4);
-    month.orders[0].segment = QStringLiteral("Večera - druhá zmena");
-    month.orders[1].food = QString(100, '0');
-    month.orders[3].ordered = QString(170, '0');
-    RecordingBook book;
-    QVERIFY(writePersonMonth(book, month, now()));
-    QCOMPARE(book.sheet.heights.value(4), 26.0);
-    QCOMPARE(book.sheet.heights.value(5), 39.0);
-    QVERIFY(!book.sheet.heights.contains(6));
-    QCOMPARE(book.sheet.heights.value(7), 65.0);
 }
 
 void TestPersonMonthSheet::titles_data()

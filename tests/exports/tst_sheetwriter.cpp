@@ -112,14 +112,12 @@ void TestSheetWriter::widthsAndHeights()
     writer.setWidth(1, 2, 1.5);
     writer.setWidth(5, 4, 9);
     writer.setHeight(3, 25);
-    writer.setLines(4, 1);
-    writer.setLines(5, 2);
     writer.hideColumn(2);
     writer.repeatRows(5, 6);
     writer.setPageFooter(QStringLiteral("&P"));
     QVERIFY(writer.isComplete());
     QCOMPARE(book.sheet.widths, (QMap<int, double>{{1, 1.5}, {2, 1.5}}));
-    QCOMPARE(book.sheet.heights, (QMap<int, double>{{3, 25}, {5, 26}}));
+    QCOMPARE(book.sheet.heights, (QMap<int, double>{{3, 25}}));
     QCOMPARE(book.sheet.hidden, QVector<int>{2});
     QCOMPARE(book.sheet.page, (QStringList{"repeat 5 6", "footer &P"}));
 }
