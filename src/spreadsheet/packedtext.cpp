@@ -6,22 +6,21 @@ namespace Spreadsheet {
 
 namespace {
 
-/// All bits that any of the characters has.
-uint bitsOf(const ushort *units, int size)
-{
-    uint all = 0;
-    for (int i = 0; i < size; ++i)
-        all |= units[i];
-    return all;
-}
+/// What the characters of a text need. Looks at all of them, which is quicker than to look whether to stop.
+struct Needs {
+    uint bits; ///< all bits that any of them has
+    bool lineEnd;
+};
 
-/// Looks at all of the text, which is quicker than to look whether to stop.
-bool hasLineFeed(const ushort *units, int size)
+Needs needsOf(const ushort *units, int size)
 {
-    ushort found = 0;
-    for (int i = 0; i < size; ++i)
-        found = ushort(found | ushort(units[i] == '\n'));
-    return found != 0;
+    ushort bits = 0;
+    ushort lineEnds = 0;
+    for (int i = 0; i < size; ++i) {
+        bits = ushort(bits | units[i]);
+        lineEnds = ushort(lineEnds | ushort(units[i] == '\n'));
+    }
+    return {bits, lineEnds != 0};
 }
 
 /// The first surrogate at or after `from` without its other half, or `size`.
@@ -59,13 +58,13 @@ PackedText packText(const QString &text, uchar *to)
     constexpr uint narrowest = 0xff;
     constexpr uint firstSurrogate = 0xd800;
     const auto *units = reinterpret_cast<const ushort *>(text.constData());
-    const uint bits = bitsOf(units, text.size());
-    const bool isWide = bits > narrowest;
+    const Needs needs = needsOf(units, text.size());
+    const bool isWide = needs.bits > narrowest;
     if (isWide)
-        packWide(units, text.size(), to, (bits & firstSurrogate) == firstSurrogate);
+        packWide(units, text.size(), to, (needs.bits & firstSurrogate) == firstSurrogate);
     else
         packNarrow(units, text.size(), to);
-    return {to, text.size(), isWide, hasLineFeed(units, text.size())};
+    return {to, text.size(), isWide, needs.lineEnd};
 }
 
 QString unpackText(const PackedText &text)

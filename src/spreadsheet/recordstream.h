@@ -87,7 +87,7 @@ public:
 
 private:
     static constexpr int headerSize = 4;
-    static constexpr int bufferSize = 1 << 16;
+    static constexpr int bufferSize = 1 << 18;
 
     template<typename Number> RecordStream &number(Number value)
     {
