@@ -9,7 +9,6 @@
 #include <QAbstractItemModel>
 #include <QCoreApplication>
 
-
 namespace {
 
 /// Of the sheet and of the model alike.
