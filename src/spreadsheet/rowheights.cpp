@@ -21,7 +21,7 @@ quint64 placeOf(int row, int col)
 
 ushort unitAt(const PackedText &text, int index)
 {
-    return text.isWide ? qFromLittleEndian<quint16>(text.bytes + 2 * index) : text.bytes[index];
+    return text.isWide ? qFromLittleEndian<quint16>(text.bytes + std::ptrdiff_t(2) * index) : text.bytes[index];
 }
 
 /// However narrow the column is, a line has a character.
