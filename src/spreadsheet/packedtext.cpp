@@ -48,7 +48,7 @@ void packWide(const ushort *units, int size, uchar *to, bool maybeSurrogates)
     if (!maybeSurrogates)
         return;
     for (int i = loneSurrogate(units, size, 0); i < size; i = loneSurrogate(units, size, i + 1))
-        qToLittleEndian<quint16>(QChar::ReplacementCharacter, to + 2 * i);
+        qToLittleEndian<quint16>(QChar::ReplacementCharacter, to + std::ptrdiff_t(2) * i);
 }
 
 } // namespace

@@ -62,8 +62,8 @@ public:
     /// Characters of a text, 8 or 16 bits each; the lengths and the option byte are other fields.
     RecordStream &units(const PackedText &text, int first, int count)
     {
-        const int bytes = count * text.bytesPerUnit();
-        std::memcpy(m_at, text.bytes + first * text.bytesPerUnit(), std::size_t(bytes));
+        const auto bytes = std::size_t(count) * std::size_t(text.bytesPerUnit());
+        std::memcpy(m_at, text.bytes + std::ptrdiff_t(first) * text.bytesPerUnit(), bytes);
         m_at += bytes;
         return *this;
     }

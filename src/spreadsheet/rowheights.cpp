@@ -22,7 +22,7 @@ quint64 placeOf(int row, int col)
 
 ushort unitAt(const PackedText &text, int index)
 {
-    return text.isWide ? qFromLittleEndian<quint16>(text.bytes + 2 * index) : text.bytes[index];
+    return text.isWide ? qFromLittleEndian<quint16>(text.bytes + std::ptrdiff_t(2) * index) : text.bytes[index];
 }
 
 /// Widths of characters in tenths of a digit, by their UTF-16 units as far as the letters of Europe go. The figures are

@@ -7,8 +7,6 @@ namespace Spreadsheet {
 
 namespace {
 
-const CellGrid::Row noCells;
-
 Cell blankCell(int col, quint16 format)
 {
     Cell cell;
@@ -105,6 +103,7 @@ void SheetRows::cover(CellGrid::Row &cells, int row, const FormattedMerge &merge
 
 const CellGrid::Row &SheetRows::cells(int row, CellGrid::Row &own)
 {
+    static const CellGrid::Row noCells;
     advance(row);
     const CellGrid::Row &written = row < m_sheet.cells.rowCount() ? m_sheet.cells.row(row) : noCells;
     if (m_active.isEmpty())

@@ -28,7 +28,8 @@ void continueRecord(RecordStream &stream)
 /// Whether the first `size` characters of a text end in the middle of a surrogate pair.
 bool endsInHalf(const PackedText &text, int size)
 {
-    return text.isWide && QChar::isHighSurrogate(qFromLittleEndian<quint16>(text.bytes + 2 * (size - 1)));
+    return text.isWide
+        && QChar::isHighSurrogate(qFromLittleEndian<quint16>(text.bytes + std::ptrdiff_t(2) * (size - 1)));
 }
 
 /// How many characters from `done` on the present record takes. A surrogate pair stays together: readers decode what

@@ -101,6 +101,33 @@ def wrong_strings(stream, strings):
             yield "EXTSST is wrong about string %d" % (index * group)
 
 
+def torn_strings(stream):
+    """Shared strings whose length, option byte and first two characters are not in one record."""
+    parts = []
+    for number, data in records(stream):
+        if number == 0xFC:
+            parts = [data]
+        elif number == 0x3C:
+            parts.append(data)
+    count = struct.unpack_from("<I", parts[0], 4)[0]
+    part, at = 0, 8
+    for index in range(count):
+        if at == len(parts[part]):
+            part, at = part + 1, 0
+        size, wide = struct.unpack_from("<HB", parts[part], at)
+        at += 3
+        if len(parts[part]) - at < min(size, 2) * (1 + wide):
+            yield "string %d is torn" % index
+        left = size
+        while left:
+            if at == len(parts[part]):
+                wide = parts[part + 1][0]
+                part, at = part + 1, 1
+            taken = min(left, (len(parts[part]) - at) // (1 + wide))
+            left -= taken
+            at += taken * (1 + wide)
+
+
 def wrong_rows(stream):
     """What INDEX and DBCELL say wrong of the rows."""
     all_records = {at: (number, data) for at, number, data in positioned_records(stream)}
@@ -158,7 +185,7 @@ def main():
     container, start, size = CompDoc(content, logfile=log).locate_named_stream("Workbook")
     stream = container[start:start + size]
     pages_of_sheets = pages(stream)
-    wrong = [*wrong_strings(stream, book._sharedstrings), *wrong_rows(stream)]
+    wrong = [*wrong_strings(stream, book._sharedstrings), *torn_strings(stream), *wrong_rows(stream)]
     names = [{"name": name.name, "builtIn": bool(name.builtin), "sheet": name.scope,
               "area": [list(ref.coords) for ref in name.result.value] if name.result else []}
              for name in book.name_obj_list]
