@@ -89,8 +89,13 @@ int RowHeights::neededTwips(int row, const CellGrid::Row &cells) const
 
 int RowHeights::lineCount(int row, const Cell &cell) const
 {
+    const PackedText text = m_book.texts.packed(cell.text);
     const double width = cell.col < m_digits.size() ? m_digits[cell.col] : usualWidth;
-    const int lines = wrappedLines(m_book.texts.packed(cell.text), width / m_lines[cell.format].digits);
+    const double digits = m_lines[cell.format].digits;
+    // Most texts are short: they are told without a division.
+    if (!text.hasLineEnd && text.size * digits <= width)
+        return 1;
+    const int lines = wrappedLines(text, width / digits);
     return lines > 1 && m_wide.contains(placeOf(row, cell.col)) ? 1 : lines;
 }
 
