@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <string_view>
 
 namespace Spreadsheet {
 
@@ -34,10 +35,10 @@ Widths makeWidths()
     Widths widths;
     for (std::size_t unit = 0; unit < widths.size(); ++unit)
         widths[unit] = QChar::isUpper(uint(unit)) ? 12 : 10;
-    for (const QChar narrow : QStringLiteral(" .,:;'!|ijlftrIJ()[]-/íîïìĺľťŕ"))
-        widths[narrow.unicode()] = 5;
-    for (const QChar broad : QStringLiteral("mwMW@%&"))
-        widths[broad.unicode()] = 15;
+    for (const char16_t narrow : std::u16string_view(u" .,:;'!|ijlftrIJ()[]-/íîïìĺľťŕ"))
+        widths[narrow] = 5;
+    for (const char16_t broad : std::u16string_view(u"mwMW@%&"))
+        widths[broad] = 15;
     return widths;
 }
 
@@ -142,12 +143,14 @@ int RowHeights::neededTwips(int row, const CellGrid::Row &cells) const
 int RowHeights::lineCount(int row, const Cell &cell) const
 {
     const PackedText text = m_book.texts.packed(cell.text);
-    const double charactersOfDigit = 1 / m_lines[cell.format].digits;
-    const int lines = wrappedLines(text, digitsAt(cell.col) * charactersOfDigit);
-    if (lines == 1)
-        return lines;
+    const double width = digitsAt(cell.col);
+    const double digits = m_lines[cell.format].digits;
+    // Most texts are short: they are told without a division.
+    if (!text.hasLineEnd && text.size * digits <= width)
+        return 1;
+    const int lines = wrappedLines(text, width / digits);
     const auto wide = m_wide.constFind(placeOf(row, cell.col));
-    return wide == m_wide.constEnd() ? lines : wrappedLines(text, *wide * charactersOfDigit);
+    return lines == 1 || wide == m_wide.constEnd() ? lines : wrappedLines(text, *wide / digits);
 }
 
 } // namespace Spreadsheet
