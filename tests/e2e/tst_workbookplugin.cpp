@@ -1,9 +1,11 @@
 #include "program.h"
+#include "spreadsheet/limitedfiles.h"
 #include "support/boxanswerer.h"
 #include "support/testdatabase.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -13,6 +15,8 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
+
+#include <sys/file.h>
 
 /// The workbooks of the demo firm through the built plug-in, read back by independent readers: every figure in them is
 /// what plain SQL gives.
@@ -38,7 +42,8 @@ private slots:
 private:
     void openBoard(int branch = 0);
     void showPerson(const QString &name);
-    void answerFile(const QString &defaultName, const QString &fileName);
+    /// Expects the question for a file and answers it, and yes to replacing one that `isThere`.
+    void answerFile(const QString &defaultName, const QString &fileName, bool isThere = false);
     /// Presses a button that exports, and reads the file it wrote.
     void exportTo(const char *button, const QString &defaultName, const QString &title, const QString &text);
     QString cell(int row, int column) const;
@@ -133,7 +138,7 @@ void TestWorkbookPlugin::showPerson(const QString &name)
     people->setCurrentIndex(row);
 }
 
-void TestWorkbookPlugin::answerFile(const QString &defaultName, const QString &fileName)
+void TestWorkbookPlugin::answerFile(const QString &defaultName, const QString &fileName, bool isThere)
 {
     m_boxes.expectDialog(QStringLiteral("QFileDialog"), [=](QDialog *dialog) {
         QCOMPARE(dialog->windowTitle(), QStringLiteral("Vytlačiť zostavu do súboru"));
@@ -142,6 +147,12 @@ void TestWorkbookPlugin::answerFile(const QString &defaultName, const QString &f
         line->setText(fileName);
         dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Save)->click();
     });
+    // The dialog itself asks.
+    if (isThere)
+        m_boxes.expectBox(QStringLiteral("Vytlačiť zostavu do súboru"),
+                          QFileInfo(fileName).fileName()
+                              + QStringLiteral(" already exists.\nDo you want to replace it?"),
+                          QMessageBox::Yes);
 }
 
 void TestWorkbookPlugin::exportTo(const char *button, const QString &defaultName, const QString &title,
@@ -375,16 +386,22 @@ void TestWorkbookPlugin::unwritableFileIsTold_data()
     QTest::addColumn<QString>("defaultName");
     QTest::addColumn<QString>("title");
     QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("obstacle");
     const QString xls =
         QStringLiteral("Zápis do súboru \"%1\" XLS zlyhal! \nSkontrolujte, či súbor nie je používaný inou aplikáciou.");
     const QString xlsx =
         QStringLiteral("Zápis do súboru \"%1\" zlyhal! \nSkontrolujte, či súbor nie je používaný inou aplikáciou.");
-    QTest::newRow("branch") << "toolButtonMonthly" << false << branchFile << branchTitle << xls;
-    // The branch's title, on purpose.
-    QTest::newRow("person") << "toolButtonMonthly" << true << personFile << branchTitle << xls;
-    QTest::newRow("control") << "toolButtonExport" << false << controlFile << controlTitle << xlsx;
+    for (const char *obstacle : {"folder", "lock", "disk"}) {
+        const auto row = [&](const char *what) -> QTestData & { return QTest::addRow("%s, %s", what, obstacle); };
+        row("branch") << "toolButtonMonthly" << false << branchFile << branchTitle << xls << obstacle;
+        // The branch's title, on purpose.
+        row("person") << "toolButtonMonthly" << true << personFile << branchTitle << xls << obstacle;
+        row("control") << "toolButtonExport" << false << controlFile << controlTitle << xlsx << obstacle;
+    }
 }
 
+/// A folder that takes no files, a file that another program has locked, a disk that is full: the box tells, and the
+/// file that was there is as it was.
 void TestWorkbookPlugin::unwritableFileIsTold()
 {
     QFETCH(QString, button);
@@ -392,16 +409,31 @@ void TestWorkbookPlugin::unwritableFileIsTold()
     QFETCH(QString, defaultName);
     QFETCH(QString, title);
     QFETCH(QString, text);
+    QFETCH(QString, obstacle);
     openBoard();
     if (ofPerson)
         click(m_board, "butOrdersSwitch");
-    const QString fileName = QStringLiteral("/proc/zostava.xls");
-    answerFile(defaultName, fileName);
+    QFile old(m_folder.filePath(QString::number(++m_files)));
+    QVERIFY(old.open(QIODevice::ReadWrite));
+    old.write("old");
+    QVERIFY(old.flush());
+    const QStringList before = QDir(m_folder.path()).entryList(QDir::Files);
+    std::unique_ptr<LimitedFiles> fullDisk;
+    if (obstacle == QLatin1String("lock"))
+        QCOMPARE(flock(old.handle(), LOCK_EX | LOCK_NB), 0);
+    else if (obstacle == QLatin1String("disk"))
+        fullDisk = std::make_unique<LimitedFiles>(rlim_t(1000));
+    const QString fileName = obstacle == QLatin1String("folder") ? QStringLiteral("/proc/zostava.xls") : old.fileName();
+    answerFile(defaultName, fileName, obstacle != QLatin1String("folder"));
     m_boxes.expectBox(title, text.arg(fileName));
     click(m_board, button.toLatin1().constData());
+    fullDisk.reset();
     BOXES_DONE(m_boxes);
     QVERIFY(m_board->isEnabled());
     QVERIFY(!QApplication::overrideCursor());
+    QVERIFY(old.seek(0));
+    QCOMPARE(old.readAll(), QByteArray("old"));
+    QCOMPARE(QDir(m_folder.path()).entryList(QDir::Files), before);
 }
 
 QTEST_MAIN(TestWorkbookPlugin)
