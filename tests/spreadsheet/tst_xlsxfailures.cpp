@@ -1,6 +1,6 @@
-#include "limitedfiles.h"
 #include "spreadsheet/writers.h"
 #include "spreadsheet/xlsxcheck.h"
+#include "support/limitedfiles.h"
 #include "xlsxdata.h"
 #include "xlsxreader.h"
 
