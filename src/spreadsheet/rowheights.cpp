@@ -27,7 +27,7 @@ ushort unitAt(const PackedText &text, int index)
 }
 
 /// Widths of characters in tenths of a digit, by their UTF-16 units as far as the letters of Europe go. The figures are
-/// those of the usual fonts of offices, rounded to what is easily told.
+/// those of the usual fonts of offices, rounded up: a row that is too high does no harm, one too low cuts its text.
 using Widths = std::array<quint8, 0x180>;
 
 Widths makeWidths()
@@ -36,7 +36,7 @@ Widths makeWidths()
     for (std::size_t unit = 0; unit < widths.size(); ++unit)
         widths[unit] = QChar::isUpper(uint(unit)) ? 12 : 10;
     for (const char16_t narrow : std::u16string_view(u" .,:;'!|ijlftrIJ()[]-/íîïìĺľťŕ"))
-        widths[narrow] = 5;
+        widths[narrow] = 6;
     for (const char16_t broad : std::u16string_view(u"mwMW@%&"))
         widths[broad] = 15;
     return widths;

@@ -13,9 +13,9 @@ namespace Spreadsheet {
 /// high as it says, and do not look at what is in them.
 ///
 /// The height is that of the largest font, times the lines where a text is wrapped. How many these are is an estimate
-/// by the kind of each character ("02. 11. 2026" is as wide as ten digits: eight digits and four narrow signs), for no
-/// font is at hand where a file is written. Texts in merged cells count as one line, and not at all where the cells are
-/// of several rows.
+/// by the kind of each character ("02. 11. 2026" is a little wider than ten digits: eight digits and four narrow
+/// signs), rather too many than too few, for no font is at hand where a file is written. Merged cells are as wide as
+/// those of them that show; a text in cells of several rows does not count.
 class RowHeights {
 public:
     /// `book` must outlive it; both stay as they are.

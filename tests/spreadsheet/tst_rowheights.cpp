@@ -81,8 +81,8 @@ void TestRowHeights::wrappedTexts_data()
     QTest::newRow("three lines") << QString(60, QLatin1Char('x')) << 3;
     QTest::newRow("line end") << QStringLiteral("a\nb") << 2;
     QTest::newRow("line end last") << QStringLiteral("a\n") << 2;
-    QTest::newRow("narrow letters") << QString(40, QLatin1Char('i')) << 1;
-    QTest::newRow("one more narrow letter") << QString(41, QLatin1Char('i')) << 2;
+    QTest::newRow("narrow letters") << QString(33, QLatin1Char('i')) << 1;
+    QTest::newRow("one more narrow letter") << QString(34, QLatin1Char('i')) << 2;
     QTest::newRow("date and time") << QStringLiteral("02. 11. 2026, 12:00:00") << 1;
     QTest::newRow("broad letters") << QString(21, QLatin1Char('W')) << 2;
     QTest::newRow("capitals") << QString(33, QLatin1Char('A')) << 3;
